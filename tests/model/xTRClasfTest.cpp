@@ -1,0 +1,169 @@
+#include "model/xTRClasf.h"
+
+#include "gui/xRecordingPlatform.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+const char* const kNamesLine = "  TxRx  TxRy  TxRz  TyRx  TyRy  TyRz  TzRx  TzRy  TzRz\n";
+
+} // namespace
+
+TEST(TRClasf, NewTableNamesTzRzOnly)
+{
+    xTRClasf clasf;
+    EXPECT_EQ(clasf.Lower(), 100);
+    EXPECT_EQ(clasf.Upper(), 109);
+    EXPECT_EQ(clasf.Count(), 1);
+    clasf.Rewind();
+    int code = 0;
+    ASSERT_TRUE(clasf.NextSet(code));
+    EXPECT_EQ(code, 109);
+    EXPECT_FALSE(clasf.NextSet(code));
+    EXPECT_EQ(code, 109);
+    // The walk stays at its end until rewound, and a copy keeps the cursor.
+    clasf[101] = 3;
+    xTRClasf copy(clasf);
+    EXPECT_FALSE(copy.NextSet(code));
+    copy.Rewind();
+    ASSERT_TRUE(copy.NextSet(code));
+    EXPECT_EQ(code, 101);
+}
+
+TEST(TRClasf, EmptyTableAndTheUndefinedOrientation)
+{
+    xTRClasf clasf;
+    clasf = 0;
+    EXPECT_EQ(clasf.Count(), 0);
+    clasf.Rewind();
+    int code = 55;
+    EXPECT_FALSE(clasf.NextSet(code));
+    EXPECT_EQ(code, 55);
+    // Element 100 is walked and counted but never named.
+    clasf[100] = 2;
+    clasf.Rewind();
+    ASSERT_TRUE(clasf.NextSet(code));
+    EXPECT_EQ(code, 100);
+    EXPECT_EQ(clasf.Count(), 1);
+    EXPECT_TRUE(clasf.SetNames().empty());
+    EXPECT_EQ(clasf.OtherSet(105), 100);
+}
+
+TEST(TRClasf, QueriesOverTheSetCodes)
+{
+    xTRClasf clasf;
+    clasf = 0;
+    clasf[103] = 4;
+    clasf[105] = 1;
+    clasf[109] = 2;
+    EXPECT_EQ(clasf.Ordinal(103), 0);
+    EXPECT_EQ(clasf.Ordinal(105), 1);
+    EXPECT_EQ(clasf.Ordinal(109), 2);
+    EXPECT_EQ(clasf.Ordinal(104), -1);
+    EXPECT_EQ(clasf.Ordinal(120), -1);
+    EXPECT_EQ(clasf.OtherSet(103), 105);
+    EXPECT_EQ(clasf.OtherSet(101), 103);
+    EXPECT_EQ(clasf.SetNames(), (std::vector<std::string>{"TxRz", "TyRy", "TzRz"}));
+    EXPECT_EQ(clasf.HasRxComponent(3), 1);
+    EXPECT_EQ(clasf.HasRxComponent(1), 0);
+    EXPECT_EQ(clasf.HasTxComponent(2), 1);
+    EXPECT_EQ(clasf.HasTxComponent(4), 0);
+    // Truth values are the low 16 bits of a count.
+    clasf[107] = 65536;
+    EXPECT_FALSE(clasf.Contains(107));
+    EXPECT_EQ(clasf.Count(), 4);
+    clasf[100] = 65536 + 7;
+    EXPECT_EQ(clasf.HasRxComponent(4), 7);
+    EXPECT_FALSE(clasf.Contains(99));
+}
+
+TEST(TRClasf, UnknownComponentsAndSizesWarn)
+{
+    xRecordingPlatform platform;
+    xTRClasf clasf;
+    EXPECT_EQ(clasf.HasRxComponent(5), 0);
+    EXPECT_EQ(clasf.HasTxComponent(0), 0);
+    EXPECT_EQ(platform.Texts(xPlatform::kWarning),
+              (std::vector<std::string>{"xTRClasf::HasRxComponent()  Unknown component.",
+                                        "xTRClasf::HasTxComponent()  Unknown component."}));
+    platform.Clear();
+
+    LongArray three(3);
+    three = 5;
+    xTRClasf fromShort(three);
+    EXPECT_EQ(platform.Texts(xPlatform::kWarning),
+              std::vector<std::string>{"xTRClasf:: Attempt to initialize using incompatible array size."});
+    EXPECT_EQ(fromShort.Lower(), 100);
+    EXPECT_EQ(fromShort.Upper(), 109);
+    EXPECT_EQ(fromShort[102], 5);
+    EXPECT_EQ(fromShort[103], 0);
+    platform.Clear();
+
+    LongArray ten(0, 9);
+    for (int i = 0; i <= 9; ++i)
+        ten[i] = i;
+    xTRClasf fromTen(ten);
+    EXPECT_TRUE(platform.messages.empty());
+    EXPECT_EQ(fromTen[100], 0);
+    EXPECT_EQ(fromTen[109], 9);
+}
+
+TEST(TRClasf, FileFormWritesAndReadsNineCounts)
+{
+    xTRClasf clasf;
+    clasf = 0;
+    clasf[100] = 8;
+    clasf[101] = 12;
+    clasf[109] = 123456;
+    std::ostringstream out;
+    out << clasf;
+    EXPECT_EQ(out.str(), std::string(kNamesLine) + "    12     0     0     0     0     0     0     0123456\n");
+
+    xTRClasf back;
+    back[100] = 3;
+    std::istringstream in("names are not compared\r\n 1 2 3 4 5 6 7 8 9 trailing\r\nnext");
+    in >> back;
+    EXPECT_FALSE(in.fail());
+    EXPECT_EQ(back[100], 3);
+    for (int code = 101; code <= 109; ++code)
+        EXPECT_EQ(back[code], code - 100);
+    EXPECT_EQ(in.get(), 'n');
+}
+
+TEST(TRClasf, FailedCountKeepsWhatTheTableHeld)
+{
+    xTRClasf clasf;
+    clasf = 4;
+    std::istringstream in("names\n1 2 x 4 5 6 7 8 9\n");
+    in >> clasf;
+    EXPECT_TRUE(in.fail());
+    EXPECT_EQ(clasf[101], 1);
+    EXPECT_EQ(clasf[102], 2);
+    EXPECT_EQ(clasf[103], 4);
+    EXPECT_EQ(clasf[109], 4);
+}
+
+TEST(TRClasf, MemberFormCarriesElement100AndDoesNotMixWithTheFileForm)
+{
+    xTRClasf clasf;
+    clasf[100] = 5;
+    std::ostringstream out;
+    clasf.WriteAll(out);
+    EXPECT_EQ(out.str(), std::string(kNamesLine) + "     5     0     0     0     0     0     0     0     0     1\n");
+
+    xTRClasf back;
+    back = 0;
+    std::istringstream in(out.str());
+    back.ReadAll(in);
+    EXPECT_EQ(back, clasf);
+
+    // The file reader takes the member form's first nine values by place.
+    xTRClasf shifted;
+    std::istringstream other(out.str());
+    other >> shifted;
+    EXPECT_EQ(shifted[101], 5);
+    EXPECT_EQ(shifted[109], 0);
+}
