@@ -105,30 +105,17 @@ int xTRClasf::Count() const
     return Size() - LongArray::Count(0);
 }
 
-int16_t xTRClasf::HasRxComponent(int component) const
+int16_t xTRClasf::HasComponent(int component, bool receiver) const
 {
     if (component == 4)
         return static_cast<int16_t>(At(kFirstOrientationCode));
     if (component < 1 || component > 3) {
-        PostWarning("xTRClasf::HasRxComponent()  Unknown component.");
+        PostWarning(receiver ? "xTRClasf::HasRxComponent()  Unknown component."
+                             : "xTRClasf::HasTxComponent()  Unknown component.");
         return 0;
     }
-    for (int tx = 1; tx <= 3; ++tx)
-        if (Contains(CodeFromComponents(tx, component)))
-            return 1;
-    return 0;
-}
-
-int16_t xTRClasf::HasTxComponent(int component) const
-{
-    if (component == 4)
-        return static_cast<int16_t>(At(kFirstOrientationCode));
-    if (component < 1 || component > 3) {
-        PostWarning("xTRClasf::HasTxComponent()  Unknown component.");
-        return 0;
-    }
-    for (int rx = 1; rx <= 3; ++rx)
-        if (Contains(CodeFromComponents(component, rx)))
+    for (int other = 1; other <= 3; ++other)
+        if (Contains(receiver ? CodeFromComponents(other, component) : CodeFromComponents(component, other)))
             return 1;
     return 0;
 }

@@ -36,8 +36,8 @@ public:
     int Count() const;
     // 1 if an orientation with that receiver (transmitter) component is set;
     // component 4 gives the low 16 bits of element 100 as they are.
-    int16_t HasRxComponent(int component) const;
-    int16_t HasTxComponent(int component) const;
+    int16_t HasRxComponent(int component) const { return HasComponent(component, true); }
+    int16_t HasTxComponent(int component) const { return HasComponent(component, false); }
     // The low 16 bits of the count at a code, as a truth value.
     bool Contains(int code) const;
     // The lowest set code in 101 to 109 other than code; 100 if none.
@@ -56,6 +56,7 @@ public:
 
 private:
     int32_t At(int code) const;
+    int16_t HasComponent(int component, bool receiver) const;
 };
 
 // File form: the names line and the nine counts of 101 to 109.

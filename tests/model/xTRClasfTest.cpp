@@ -10,6 +10,16 @@ namespace {
 
 const char* const kNamesLine = "  TxRx  TxRy  TxRz  TyRx  TyRy  TyRz  TzRx  TzRy  TzRz\n";
 
+// A table holding just the given counts.
+xTRClasf Table(std::initializer_list<std::pair<int, int32_t>> counts)
+{
+    xTRClasf clasf;
+    clasf = 0;
+    for (const auto& entry : counts)
+        clasf[entry.first] = entry.second;
+    return clasf;
+}
+
 } // namespace
 
 TEST(TRClasf, NewTableNamesTzRzOnly)
@@ -54,11 +64,7 @@ TEST(TRClasf, EmptyTableAndTheUndefinedOrientation)
 
 TEST(TRClasf, QueriesOverTheSetCodes)
 {
-    xTRClasf clasf;
-    clasf = 0;
-    clasf[103] = 4;
-    clasf[105] = 1;
-    clasf[109] = 2;
+    xTRClasf clasf = Table({{103, 4}, {105, 1}, {109, 2}});
     EXPECT_EQ(clasf.Ordinal(103), 0);
     EXPECT_EQ(clasf.Ordinal(105), 1);
     EXPECT_EQ(clasf.Ordinal(109), 2);
@@ -113,11 +119,7 @@ TEST(TRClasf, UnknownComponentsAndSizesWarn)
 
 TEST(TRClasf, FileFormWritesAndReadsNineCounts)
 {
-    xTRClasf clasf;
-    clasf = 0;
-    clasf[100] = 8;
-    clasf[101] = 12;
-    clasf[109] = 123456;
+    const xTRClasf clasf = Table({{100, 8}, {101, 12}, {109, 123456}});
     std::ostringstream out;
     out << clasf;
     EXPECT_EQ(out.str(), std::string(kNamesLine) + "    12     0     0     0     0     0     0     0123456\n");
