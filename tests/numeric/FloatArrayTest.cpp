@@ -1,0 +1,239 @@
+#include "numeric/FloatArray.h"
+
+#include "NumericTestKit.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <iostream>
+#include <limits>
+#include <sstream>
+
+namespace {
+FloatArray Make(int lower, std::initializer_list<float> values)
+{
+    return MakeArray<FloatArray>(lower, values);
+}
+}
+
+TEST(FloatArray, BoundsSizeAndZeroedElements)
+{
+    FloatArray a(1, 5);
+    EXPECT_EQ(a.Size(), 5);
+    EXPECT_EQ(a.Lower(), 1);
+    EXPECT_EQ(a.Upper(), 5);
+    a[1] = 7;
+    EXPECT_EQ(a.Data()[0], 7);
+    EXPECT_EQ(a[5], 0);
+    EXPECT_TRUE(a.InRange(5));
+    EXPECT_FALSE(a.InRange(0));
+
+    FloatArray one;
+    EXPECT_EQ(one.Size(), 1);
+    EXPECT_EQ(one[0], 0);
+
+    xRecordingPlatform platform;
+    FloatArray reversed(5, 1);
+    EXPECT_EQ(reversed.Size(), 0);
+    EXPECT_TRUE(platform.messages.empty());
+}
+
+TEST(FloatArray, SetLowerMovesBoundsAndKeepsData)
+{
+    FloatArray a = Make(0, {1, 2, 3});
+    a.SetLower(1);
+    EXPECT_EQ(a.Lower(), 1);
+    EXPECT_EQ(a.Upper(), 3);
+    EXPECT_EQ(a[1], 1);
+    EXPECT_EQ(a[3], 3);
+}
+
+TEST(FloatArray, ImpossibleSizesAreFatalAndLeaveASoundObject)
+{
+    xRecordingPlatform platform;
+    EXPECT_EQ(FatalText([] { FloatArray a(-3); }), "xArray: Out of memory!");
+    EXPECT_EQ(FatalText([] { FloatArray a(0, 1 << 27); }), "xArray: Out of memory!");
+    FloatArray a(3);
+    EXPECT_EQ(FatalText([&] { a.Resize(-2); }), "Out of memory, FloatArray allocation.");
+    EXPECT_EQ(FatalText([&] { a.Resize(-2000000000, 2000000000); }),
+              "Out of memory, FloatArray allocation.");
+    EXPECT_EQ(a.Size(), 0);
+    a.Resize(2, 1);   // one below lower: an empty array, no message
+    EXPECT_EQ(a.Size(), 0);
+}
+
+TEST(FloatArray, AssignmentResizesToTheSourceAndWrappedDataIsWrittenThrough)
+{
+    FloatArray a(4);
+    FloatArray b = Make(3, {1, 2});
+    a = b;
+    EXPECT_TRUE(a.SameBounds(b));
+    EXPECT_EQ(a, b);
+    a = a;
+    EXPECT_EQ(a[4], 2);
+
+    float block[3] = {0, 0, 0};
+    FloatArray view(block, 3, 5);
+    EXPECT_FALSE(view.Owns());
+    view = Make(3, {4, 5, 6});
+    EXPECT_EQ(block[2], 6);
+    view = 9.0f;
+    EXPECT_EQ(block[0], 9);
+}
+
+TEST(FloatArray, SameValuesToleranceAndEquality)
+{
+    FloatArray a = Make(0, {0.0f, 1.0f, 2.5f});
+    FloatArray b = Make(0, {-0.0f, 1.0f, 2.5f});
+    EXPECT_TRUE(a.SameValues(b));
+    b[1] = std::nextafter(1.0f, 2.0f);
+    EXPECT_FALSE(a.SameValues(b));
+    EXPECT_FALSE(Make(0, {3}).SameValues(Make(0, {-3})));
+    EXPECT_TRUE(Make(0, {1, 2}).SameValues(Make(7, {1, 2})));
+    EXPECT_FALSE(Make(0, {1, 2}) == Make(7, {1, 2}));
+    EXPECT_FALSE(Make(0, {1, 2}).SameValues(Make(0, {1, 2, 3})));
+}
+
+TEST(FloatArray, MinMaxWithIgnoredValue)
+{
+    const float none = -32767.0f;
+    FloatArray a = Make(0, {none, 4, -2, 9, none});
+    EXPECT_EQ(a.Min(&none), -2);
+    EXPECT_EQ(a.Max(&none), 9);
+    EXPECT_EQ(a.Min(nullptr), none);
+    EXPECT_EQ(a.Range(&none), 11);
+
+    FloatArray all = Make(1, {none, none, none});
+    EXPECT_EQ(all.Min(&none), none);
+    EXPECT_EQ(all.Max(&none), none);
+
+    // The skip of ignored values stops at the upper bound taken as an offset:
+    // with bounds -2 to 2 it stops at offset 2, which starts the result.
+    FloatArray shifted = Make(-2, {none, none, none, 5, 7});
+    EXPECT_EQ(shifted.Min(&none), none);
+    EXPECT_EQ(shifted.Max(&none), 7);
+}
+
+TEST(FloatArray, SumsNormIndexOfCount)
+{
+    FloatArray a = Make(1, {3, -4, 3});
+    EXPECT_EQ(a.Sum(), 2);
+    EXPECT_EQ(a.Sum(2, 3), -1);
+    EXPECT_EQ(a.SumAbs(1, 2), 7);
+    EXPECT_EQ(a.Sum(-5, 50), 2);
+    EXPECT_FLOAT_EQ(a.Norm(), std::sqrt(34.0f));
+    EXPECT_EQ(a.IndexOf(-4), 2);
+    EXPECT_EQ(a.IndexOf(8), 0);
+    EXPECT_EQ(a.Count(3), 2);
+}
+
+TEST(FloatArray, NearestGivesOffsetsAndZeroBeyondTheEnd)
+{
+    FloatArray up = Make(10, {0, 1, 2, 3});
+    EXPECT_EQ(up.Nearest(1.4f), 1);
+    EXPECT_EQ(up.Nearest(1.5f), 1);   // a tie goes to the element before
+    EXPECT_EQ(up.Nearest(1.6f), 2);
+    EXPECT_EQ(up.Nearest(-5), 0);
+    EXPECT_EQ(up.Nearest(3), 3);
+    EXPECT_EQ(up.Nearest(3.5f), 0);
+    FloatArray down = Make(0, {3, 2, 1, 0});
+    EXPECT_EQ(down.Nearest(1.6f), 1);
+    EXPECT_EQ(down.Nearest(1.4f), 2);
+    EXPECT_EQ(FloatArray(4, 3).Nearest(1), 4);
+    EXPECT_EQ(Make(0, {5}).Nearest(1), 0);
+}
+
+TEST(FloatArray, SubArrayAndCopyBlockOffsets)
+{
+    FloatArray a = Make(1, {1, 2, 3, 4});
+    FloatArray part = a.SubArray(2, 3);
+    EXPECT_EQ(part, Make(2, {2, 3}));
+
+    // Both indices count from the destination's lower bound.
+    FloatArray source = Make(0, {10, 11, 12, 13});
+    a.CopyBlock(source, 2, 1, 2);
+    EXPECT_EQ(a, Make(1, {11, 12, 3, 4}));
+    a.CopyBlock(source, 3, 3, 10);   // only what fits is copied
+    EXPECT_EQ(a, Make(1, {11, 12, 12, 13}));
+}
+
+TEST(FloatArray, ArithmeticAndItsBoundsTest)
+{
+    FloatArray a = Make(1, {1, 2});
+    a += Make(1, {1, 1});
+    a *= Make(1, {3, 2});
+    a -= Make(1, {1, 1});
+    a /= Make(1, {5, 5});
+    EXPECT_EQ(a, Make(1, {1, 1}));
+    a *= 4.0f;
+    a += 1.0f;
+    a -= 3.0f;
+    a /= 2.0f;
+    EXPECT_EQ(a, Make(1, {1, 1}));
+    EXPECT_EQ(Make(0, {1, 2}) * Make(0, {3, 4}), 11);
+
+    xRecordingPlatform platform;
+    FloatArray other = Make(0, {1, 2});
+    EXPECT_EQ(FatalText([&] { a += other; }), "FloatArray : Attempt to sum arrays of unequal size.");
+    EXPECT_EQ(FatalText([&] { a -= other; }),
+              "FloatArray : Attempt to subtract arrays of unequal size.");
+    EXPECT_EQ(FatalText([&] { a *= other; }),
+              "FloatArray : Attempt to multiply arrays of unequal size.");
+    EXPECT_EQ(FatalText([&] { a /= other; }), "FloatArray : Attempt to divide arrays of unequal size.");
+    EXPECT_EQ(FatalText([&] { (void)(a * other); }),
+              "FloatArray : Attempt to multiply arrays of unequal size.");
+}
+
+TEST(FloatArray, TextForms)
+{
+    FloatArray a = Make(1, {1.5f, -2});
+    std::ostringstream ascii, print, shifted;
+    a.WriteAscii(ascii);
+    EXPECT_EQ(ascii.str(), "                 1.5                  -2\n");
+    a.Print(print);
+    EXPECT_EQ(print.str(), "           1.5            -2\n");
+    shifted << a;
+    EXPECT_EQ(shifted.str(), "         1         2\n                 1.5                  -2\n");
+
+    FloatArray back;
+    std::istringstream in(shifted.str());
+    in >> back;
+    EXPECT_EQ(back, a);
+    FloatArray read(2);
+    std::istringstream values("4 5");
+    read.ReadAscii(values);
+    EXPECT_EQ(read, Make(0, {4, 5}));
+
+    std::ostringstream console;
+    std::streambuf* old = std::cout.rdbuf(console.rdbuf());
+    a.Dump(1, 6);
+    std::cout.rdbuf(old);
+    std::cout.unsetf(std::ios::floatfield);
+    std::cout.precision(6);
+    EXPECT_EQ(console.str(), "   1.5  -2.0\n");
+}
+
+TEST(FloatArray, StreamFailuresAreFatal)
+{
+    xRecordingPlatform platform;
+    FloatArray a(3);
+    std::istringstream shortInput("1 x");
+    EXPECT_EQ(FatalText([&] { a.ReadAscii(shortInput); }),
+              "Error reading FloatArray from ASCII filestream.");
+    EXPECT_EQ(a[0], 1);
+    std::ostringstream broken;
+    broken.setstate(std::ios::badbit);
+    EXPECT_EQ(FatalText([&] { a.WriteAscii(broken); }), "Error writing FloatArray to ASCII filestream.");
+}
+
+TEST(FloatArray, BinaryFormRoundTrips)
+{
+    FloatArray a = Make(-1, {1.25f, 2, 3});
+    std::stringstream bytes;
+    a.WriteBinary(bytes, true);
+    EXPECT_EQ(bytes.str().size(), static_cast<size_t>(a.BinarySize(true)));
+    EXPECT_EQ(a.BinarySize(false), 12);
+    FloatArray back;
+    back.ReadBinary(bytes, true);
+    EXPECT_EQ(back, a);
+}

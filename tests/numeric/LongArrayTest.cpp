@@ -1,0 +1,112 @@
+#include "numeric/LongArray.h"
+
+#include "NumericTestKit.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <iostream>
+#include <sstream>
+
+namespace {
+LongArray Make(int lower, std::initializer_list<int32_t> values)
+{
+    return MakeArray<LongArray>(lower, values);
+}
+}
+
+TEST(LongArray, OneElementIsMadeButNotResizedTo)
+{
+    xRecordingPlatform platform;
+    LongArray single(5, 5);
+    EXPECT_EQ(single.Size(), 1);
+    EXPECT_EQ(FatalText([] { LongArray a(5, 4); }), "Specified LongArray bounds out of order.");
+    LongArray a(100, 109);
+    EXPECT_EQ(FatalText([&] { a.Resize(5, 5); }), "Specified LongArray bounds out of order.");
+    EXPECT_EQ(a.Size(), 10);   // refused before anything was freed
+    EXPECT_EQ(FatalText([&] { a = single; }), "Specified LongArray bounds out of order.");
+    LongArray same(5, 5);
+    same = single;   // equal bounds: no Resize
+    a.Resize(1);     // the size form makes no test
+    EXPECT_EQ(a.Upper(), 0);
+    EXPECT_EQ(FatalText([&] { a.Resize(1 << 27); }), "Out of memory, LongArray allocation.");
+}
+
+TEST(LongArray, CloneIsAnIndependentCopy)
+{
+    LongArray a = Make(100, {1, 2, 3});
+    std::unique_ptr<LongArray> copy = a.Clone();
+    a[100] = 9;
+    EXPECT_EQ((*copy)[100], 1);
+    EXPECT_TRUE(copy->SameBounds(a));
+}
+
+TEST(LongArray, IntegerArithmeticWrapsAndDividesByTruncation)
+{
+    LongArray a = Make(0, {7, -7, INT32_MAX});
+    a /= 2;
+    EXPECT_EQ(a, Make(0, {3, -3, INT32_MAX / 2}));
+    LongArray b = Make(0, {INT32_MAX});
+    b += 1;
+    EXPECT_EQ(b[0], INT32_MIN);
+    EXPECT_EQ(Make(0, {3, 4}).Norm(), 5);
+    EXPECT_EQ(Make(0, {1, 1}).Norm(), 1);
+    EXPECT_EQ(Make(0, {-3, 4}).SumAbs(0, 1), 7);
+    EXPECT_EQ(Make(0, {2, 3}) * Make(0, {4, 5}), 23);
+
+    xRecordingPlatform platform;
+    EXPECT_EQ(FatalText([&] { a /= 0; }), "LongArray : Attempt to divide by zero.");
+    EXPECT_EQ(FatalText([&] { a += Make(1, {1, 1, 1}); }),
+              "LongArray : Attempt to sum arrays of unequal size.");
+}
+
+TEST(LongArray, MinMaxIndexOfAndExactComparison)
+{
+    const int32_t none = -1;
+    LongArray a = Make(100, {none, 4, 2, 9});
+    EXPECT_EQ(a.Min(&none), 2);
+    EXPECT_EQ(a.Max(nullptr), 9);
+    EXPECT_EQ(a.Range(&none), 7);
+    EXPECT_EQ(a.IndexOf(9), 103);
+    EXPECT_EQ(a.IndexOf(5), 0);
+    EXPECT_EQ(a.Count(none), 1);
+    EXPECT_FALSE(a == Make(100, {none, 4, 2, 8}));
+}
+
+TEST(LongArray, TextFormsEndWithCarriageReturnLineFeed)
+{
+    LongArray a = Make(1, {12, -3});
+    std::ostringstream ascii, print;
+    a.WriteAscii(ascii);
+    EXPECT_EQ(ascii.str(), "            12            -3\r\n");
+    a.Print(print);
+    EXPECT_EQ(print.str(), " 12 -3\r\n");
+
+    std::ostringstream console;
+    std::streambuf* old = std::cout.rdbuf(console.rdbuf());
+    a.Dump();
+    std::cout.rdbuf(old);
+    EXPECT_EQ(console.str(), "            12            -3\r\n"
+                             "-------------------------LongArray-------------------------\r\n");
+
+    // A failed read is no error here; what couldn't be read stays.
+    xRecordingPlatform platform;
+    std::istringstream in("5 x");
+    a.ReadAscii(in);
+    EXPECT_EQ(a, Make(1, {5, -3}));
+    EXPECT_TRUE(platform.messages.empty());
+    std::ostringstream broken;
+    broken.setstate(std::ios::badbit);
+    EXPECT_EQ(FatalText([&] { a.WriteAscii(broken); }), "Error writing LongArray to ASCII filestream.");
+}
+
+TEST(LongArray, BinaryFormRoundTrips)
+{
+    LongArray a = Make(100, {1, 2, 3});
+    std::stringstream bytes;
+    a.WriteBinary(bytes, true);
+    EXPECT_EQ(a.BinarySize(true), 20);
+    LongArray back;
+    back.ReadBinary(bytes, true);
+    EXPECT_EQ(back, a);
+}
