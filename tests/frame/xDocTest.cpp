@@ -1,10 +1,14 @@
 #include "frame/xDoc.h"
 
+#include "gui/xRecordingMenuBar.h"
 #include "gui/xRecordingPlatform.h"
+#include "tests/xTempDirectory.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <sstream>
+#include <sys/stat.h>
 
 TEST(DocReadLine, EveryLineEndReadsAndReportsItsKind)
 {
@@ -54,4 +58,295 @@ TEST(DocReadLine, TakesAnyByteAndTheRestOfANumbersLine)
     EXPECT_EQ(number, 42);
     EXPECT_EQ(xDoc::GetLine(in), " label");
     EXPECT_EQ(xDoc::GetLine(in), bytes);
+}
+
+namespace {
+
+// A text document that reads its lines and writes a given text.
+class LineDoc : public xDoc {
+public:
+    LineDoc() { fileKind = 0; }
+    void Read() override
+    {
+        lines.clear();
+        std::string text;
+        int end;
+        do {
+            end = ReadLine(&text);
+            if (end != 0 || !text.empty())
+                lines.push_back(text);
+        } while (end != 0);
+    }
+    void Write() override { *outStream << content; }
+    bool HasOutStream() const { return outStream != nullptr; }
+
+    std::vector<std::string> lines;
+    std::string content;
+};
+
+class CountingWindow : public xDocWindow {
+public:
+    explicit CountingWindow(int* closed) : closed(closed) {}
+    void UpdateMenus() override { ++menuUpdates; }
+    void SetTitle(const std::string& text) override { title = text; }
+    void Closing() override { ++*closed; }
+    int menuUpdates = 0;
+    std::string title;
+    int* closed;
+};
+
+class DocFile : public ::testing::Test {
+protected:
+    xTempDirectory dir;   // first: the platform takes it as its start-up directory
+    xRecordingPlatform platform;
+};
+
+} // namespace
+
+TEST_F(DocFile, NameTypeAndCreatorRules)
+{
+    xDoc doc;
+    doc.SetFileName("survey.DSC");
+    EXPECT_EQ(doc.GetFileType(), "DSC");
+    doc.SetFileName("survey.dsc1");
+    EXPECT_EQ(doc.GetFileType(), "DSC");
+    EXPECT_EQ(doc.GetFileName(), "survey.dsc1");
+    doc.SetFileName("name.");
+    EXPECT_EQ(doc.GetFileType(), "");
+    doc.SetFileType("toolong");
+    EXPECT_EQ(doc.GetFileType(), "toolo");
+
+    doc.SetFileCreator("ABCD");
+    EXPECT_EQ(doc.GetFileCreator(), "ABCD");
+    doc.SetFileCreator("ABCDE");
+    EXPECT_EQ(doc.GetFileCreator(), "ABCD");
+    EXPECT_EQ(platform.Texts(xPlatform::kWarning),
+              std::vector<std::string>{"xDoc::Attempt to set illegal file creator string."});
+    doc.SetFileCreator("");
+    EXPECT_EQ(doc.GetFileCreator(), "????");
+}
+
+TEST_F(DocFile, PathsSplitAtTheLastSeparatorOfEitherKind)
+{
+    xDoc doc;
+    doc.SetFilePath("/data/sub/a.dsc");
+    EXPECT_EQ(doc.GetFullPath(), "/data/sub/a.dsc");
+    EXPECT_EQ(doc.GetFileType(), "dsc");
+    doc.SetFilePath("C:\\old\\B.DSC");
+    EXPECT_EQ(doc.GetFileName(), "B.DSC");
+    EXPECT_EQ(doc.GetFullPath(), "C:/old/B.DSC");
+    doc.SetFilePath("bare.txt");
+    EXPECT_EQ(doc.GetFullPath(), dir / "bare.txt");
+    doc.SetFilePath("/root.DSC");
+    EXPECT_EQ(doc.GetFullPath(), "/root.DSC");
+}
+
+TEST_F(DocFile, MissingFileWarnsOnlyWhenAskedTo)
+{
+    xDoc doc;
+    doc.reportMissing = false;
+    EXPECT_FALSE(doc.OpenForRead(dir / "none.DSC"));
+    EXPECT_TRUE(platform.messages.empty());
+    doc.reportMissing = true;
+    EXPECT_FALSE(doc.OpenForRead(dir / "none.DSC"));
+    EXPECT_EQ(platform.Texts(xPlatform::kWarning),
+              std::vector<std::string>{"File " + (dir / "none.DSC") + " does not exist."});
+    EXPECT_FALSE(doc.IsAttached());
+    EXPECT_FALSE(doc.FileExists());
+    EXPECT_EQ(doc.GetFileSize(), 0);
+    EXPECT_EQ(doc.GetCreationDate(), "");
+}
+
+TEST_F(DocFile, LoadReadsEveryLineEndAndStoreTruncates)
+{
+    xTempDirectory::Write(dir / "a.DSC", "one\r\ntwo\rthree\nlast");
+    LineDoc doc;
+    ASSERT_TRUE(doc.OpenForRead(dir / "a.DSC"));
+    EXPECT_TRUE(doc.Load());
+    EXPECT_FALSE(doc.IsAttached());
+    EXPECT_EQ(doc.lines, (std::vector<std::string>{"one", "two", "three", "last"}));
+
+    doc.content = "x\n";
+    EXPECT_TRUE(doc.Store());
+    EXPECT_FALSE(doc.IsAttached());
+    EXPECT_EQ(xTempDirectory::Read(dir / "a.DSC"), "x\n");
+    EXPECT_FALSE(doc.GetCreationDate().empty());
+    EXPECT_FALSE(doc.GetAccessDate().empty());
+}
+
+TEST_F(DocFile, ReadOnlyFileOpensForReadingAndRefusesWriting)
+{
+    xTempDirectory::Write(dir / "ro.DSC", "keep\n");
+    chmod((dir / "ro.DSC").c_str(), 0444);
+    LineDoc doc;
+    ASSERT_TRUE(doc.OpenForRead(dir / "ro.DSC"));
+    EXPECT_TRUE(doc.readOnly);
+    EXPECT_FALSE(doc.HasOutStream());
+    EXPECT_FALSE(doc.IsWritable());
+    EXPECT_FALSE(doc.WriteBytes("zz", 2));
+    doc.content = "lost";
+    EXPECT_FALSE(doc.Store());
+    EXPECT_EQ(platform.Texts(xPlatform::kWarning),
+              std::vector<std::string>{"Attempt to write to read only file."});
+    EXPECT_EQ(xTempDirectory::Read(dir / "ro.DSC"), "keep\n");
+}
+
+TEST_F(DocFile, FileSizeKeepsTheBufferOpenAtTheStart)
+{
+    xTempDirectory::Write(dir / "s.txt", "first\nsecond\n");
+    LineDoc doc;
+    ASSERT_TRUE(doc.OpenForRead(dir / "s.txt"));
+    std::string text;
+    doc.ReadLine(&text);
+    doc.ReadLine(&text);
+    EXPECT_EQ(doc.GetFileSize(), 13);
+    EXPECT_TRUE(doc.IsAttached());
+    EXPECT_EQ(doc.ReadLine(&text), 2);
+    EXPECT_EQ(text, "first");
+}
+
+TEST_F(DocFile, BinaryRandomAccessOverOneBuffer)
+{
+    xDoc doc;
+    doc.SetFilePath(dir / "m.bin");
+    ASSERT_TRUE(doc.OpenForWrite());
+    const char bytes[] = {'\0', '\r', '\n', '\x1a', '\xff'};
+    EXPECT_TRUE(doc.WriteBytes(bytes, 5));
+    EXPECT_TRUE(doc.Seek(1));
+    char back[4] = {};
+    EXPECT_TRUE(doc.ReadBytes(back, 4));
+    EXPECT_EQ(std::string(back, 4), std::string(bytes + 1, 4));
+    EXPECT_EQ(doc.Tell(), 5);
+    EXPECT_FALSE(doc.ReadBytes(back, 1));   // past the end
+    EXPECT_TRUE(doc.Seek(0));               // and back again
+    EXPECT_TRUE(doc.WriteBytes("A", 1));
+    doc.Flush();
+    EXPECT_EQ(xTempDirectory::Read(dir / "m.bin")[0], 'A');
+    EXPECT_TRUE(doc.DeleteFile());
+    EXPECT_FALSE(doc.FileExists());
+    EXPECT_TRUE(doc.DeleteFile());
+}
+
+TEST_F(DocFile, OverwriteQuestionAnswers)
+{
+    const std::string path = dir / "o.DSC";
+    LineDoc doc;
+    doc.overwrite = false;
+    doc.SetFilePath(path);
+
+    xTempDirectory::Write(path, "old text\n");
+    platform.AnswerNext(2);   // Cancel
+    EXPECT_FALSE(doc.OpenForWrite());
+    EXPECT_EQ(platform.questions.back().text, "o.DSC already exists. Do you want to overwrite it?");
+    EXPECT_EQ(platform.questions.back().first, "No");
+    EXPECT_FALSE(doc.IsAttached());
+
+    platform.AnswerNext(7);   // an answer no button gives: said, then opened as it stands
+    doc.content = "new";
+    EXPECT_TRUE(doc.Store());
+    EXPECT_EQ(platform.Texts(xPlatform::kError), std::vector<std::string>{"Invalid return from ask."});
+    EXPECT_EQ(xTempDirectory::Read(path), "new text\n");
+
+    platform.AnswerNext(1);   // Yes
+    EXPECT_TRUE(doc.Store());
+    EXPECT_EQ(xTempDirectory::Read(path), "new");
+
+    platform.AnswerNext(0);   // No: another name
+    platform.ChooseNext(2, dir / "other.DSC");
+    doc.content = "other";
+    EXPECT_TRUE(doc.Store());
+    EXPECT_EQ(doc.GetFileName(), "other.DSC");
+    EXPECT_EQ(xTempDirectory::Read(dir / "other.DSC"), "other");
+    EXPECT_EQ(xTempDirectory::Read(path), "new");
+}
+
+TEST_F(DocFile, ResetStreamIsFatalWithoutAGoodStream)
+{
+    xDoc doc;
+    doc.reportMissing = false;
+    doc.SetFilePath(dir / "r.bin");
+    EXPECT_THROW(doc.ResetStream(), xFatalExitError);
+    xTempDirectory::Write(dir / "r.bin", "abc");
+    doc.ResetStream();
+    EXPECT_TRUE(doc.StreamGood());
+    EXPECT_TRUE(doc.Load());
+    // Closed over a file that has gone: streams still good, the seek fails.
+    std::remove((dir / "r.bin").c_str());
+    EXPECT_THROW(doc.ResetStream(), xFatalExitError);
+    EXPECT_EQ(platform.Texts(xPlatform::kFatal),
+              (std::vector<std::string>{"xDoc::Attempt to reset unattached stream for output.",
+                                        "xDoc::Attempt to reset stream failed."}));
+}
+
+TEST_F(DocFile, ChangedFlagUpdatesMenusOnlyOnANewValue)
+{
+    int closed = 0;
+    xDoc doc;
+    auto* window = static_cast<CountingWindow*>(doc.AddWindow(std::make_unique<CountingWindow>(&closed)));
+    doc.SetChanged(false);
+    EXPECT_EQ(window->menuUpdates, 0);
+    doc.SetChanged(true);
+    doc.SetChanged(true);
+    EXPECT_EQ(window->menuUpdates, 1);
+
+    xRecordingMenuBar bar;
+    doc.DoUpdateMenus(bar);
+    EXPECT_EQ(bar.State(xDoc::kSaveAs), 1);
+    EXPECT_EQ(bar.State(xDoc::kSave), 0);   // no file yet
+    EXPECT_EQ(bar.State(xDoc::kPrint), 0);
+    doc.fileKind = 0;
+    doc.SetFilePath(dir / "p.txt");
+    xTempDirectory::Write(dir / "p.txt", "");
+    doc.DoUpdateMenus(bar);
+    EXPECT_EQ(bar.State(xDoc::kSave), 1);
+    EXPECT_EQ(bar.State(xDoc::kPrint), 1);
+    EXPECT_EQ(bar.State(xDoc::kPrintSetup), 1);
+
+    EXPECT_FALSE(doc.DoPrint());
+    doc.fileKind = 1;
+    EXPECT_FALSE(doc.DoPrint());
+    EXPECT_EQ(platform.Texts(xPlatform::kWarning),
+              std::vector<std::string>{"xDoc::DoPrint() - currently supports printing of ASCII files only."});
+
+    // Closing all windows drops the changes without a question.
+    doc.CloseWindows();
+    EXPECT_EQ(doc.WindowCount(), 0u);
+    EXPECT_EQ(closed, 1);
+    EXPECT_FALSE(doc.IsChanged());
+    EXPECT_TRUE(platform.questions.empty());
+}
+
+TEST_F(DocFile, CloseAsksUntilSavedDiscardedOrCancelled)
+{
+    int closed = 0;
+    LineDoc doc;
+    doc.SetFilePath(dir / "c.DSC");
+    doc.AddWindow(std::make_unique<CountingWindow>(&closed));
+    doc.AddWindow(std::make_unique<CountingWindow>(&closed));
+    doc.SetChanged(true);
+
+    platform.AnswerNext(2);   // the second window asks: Cancel
+    EXPECT_FALSE(doc.DoClose());
+    EXPECT_EQ(closed, 1);
+    ASSERT_EQ(platform.questions.size(), 1u);
+    EXPECT_EQ(platform.questions[0].text, "c.DSC has changed, save before closing?");
+
+    // Save with no file runs Save As; its dialog is cancelled, so it asks again.
+    platform.AnswerNext(0);
+    platform.AnswerNext(1);   // Discard
+    EXPECT_TRUE(doc.DoClose());
+    EXPECT_EQ(platform.questions.size(), 3u);
+    EXPECT_EQ(platform.dialogRequests.size(), 1u);
+    EXPECT_EQ(platform.dialogRequests[0].title, "Save As :");
+    EXPECT_FALSE(doc.IsChanged());
+    EXPECT_EQ(closed, 2);
+
+    // Save that works: the file is written and the flag cleared.
+    doc.SetChanged(true);
+    doc.content = "saved";
+    platform.AnswerNext(0);
+    platform.ChooseNext(2, dir / "c.DSC");
+    EXPECT_TRUE(doc.CanCloseWindow(nullptr));
+    EXPECT_FALSE(doc.IsChanged());
+    EXPECT_EQ(xTempDirectory::Read(dir / "c.DSC"), "saved");
 }
