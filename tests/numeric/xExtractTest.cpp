@@ -50,3 +50,40 @@ TEST(Extract, EndOfFileFailsOnlyAMissingNumber)
     EXPECT_FALSE(xExtract::Int(in, i));
     EXPECT_EQ(i, 7);
 }
+
+TEST(Extract, TakesTheLongestNumberAndRejectsAnUnfinishedOne)
+{
+    struct Case {
+        const char* text;
+        bool ok;
+        double value;
+        int next;   // the character left in front of the stream, -1 at its end
+    };
+    const Case cases[] = {
+        {".5;", true, 0.5, ';'},      {"5.;", true, 5.0, ';'},
+        {"+2.5e-3x", true, 2.5e-3, 'x'}, {"1.2.3", true, 1.2, '.'},
+        {"-7E2 ", true, -700.0, ' '},  {"1e-400", true, 0.0, -1},
+        {"1e", false, 0, -1},          {"1e+;", false, 0, ';'},
+        {".;", false, 0, ';'},         {"-x", false, 0, 'x'},
+        {"1e400", false, 0, -1},       {"e5", false, 0, 'e'},
+    };
+    for (const Case& c : cases) {
+        std::istringstream in(c.text);
+        double value = 42.0;
+        EXPECT_EQ(xExtract::Double(in, value), c.ok) << c.text;
+        EXPECT_DOUBLE_EQ(value, c.ok ? c.value : 42.0) << c.text;
+        in.clear();
+        EXPECT_EQ(in.peek(), c.next == -1 ? std::char_traits<char>::eof() : c.next) << c.text;
+    }
+}
+
+TEST(Extract, AReadBehindTheEndFailsTheStream)
+{
+    std::istringstream in("12");
+    int32_t i = 0;
+    ASSERT_TRUE(xExtract::Int(in, i));
+    EXPECT_TRUE(in.eof());
+    EXPECT_FALSE(xExtract::Int(in, i));
+    EXPECT_TRUE(in.fail());
+    EXPECT_EQ(i, 12);
+}
