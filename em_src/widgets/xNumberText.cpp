@@ -1,0 +1,134 @@
+#include "widgets/xNumberText.h"
+
+#include <cctype>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <vector>
+
+namespace {
+
+enum class Conversion { None, Integer, Floating };
+
+// Finds the one conversion of a printf format and rewrites it so that it can
+// be handed the value safely: integers with "l", floats without a length.
+Conversion Inspect(const std::string& format, std::string& safe)
+{
+    safe.clear();
+    Conversion found = Conversion::None;
+    for (size_t i = 0; i < format.size(); ++i) {
+        char c = format[i];
+        if (c != '%') {
+            safe += c;
+            continue;
+        }
+        if (i + 1 < format.size() && format[i + 1] == '%') {
+            safe += "%%";
+            ++i;
+            continue;
+        }
+        if (found != Conversion::None)
+            return Conversion::None;   // a second conversion: not ours
+        std::string spec = "%";
+        size_t j = i + 1;
+        while (j < format.size() && std::string("-+ #0").find(format[j]) != std::string::npos)
+            spec += format[j++];
+        while (j < format.size() && std::isdigit(static_cast<unsigned char>(format[j])))
+            spec += format[j++];
+        if (j < format.size() && format[j] == '.') {
+            spec += format[j++];
+            while (j < format.size() && std::isdigit(static_cast<unsigned char>(format[j])))
+                spec += format[j++];
+        }
+        while (j < format.size() && (format[j] == 'l' || format[j] == 'h' || format[j] == 'L'))
+            ++j;
+        if (j >= format.size())
+            return Conversion::None;
+        char kind = format[j];
+        if (std::string("diuxXo").find(kind) != std::string::npos) {
+            found = Conversion::Integer;
+            spec += 'l';
+        } else if (std::string("eEfFgG").find(kind) != std::string::npos) {
+            found = Conversion::Floating;
+        } else {
+            return Conversion::None;
+        }
+        spec += kind;
+        safe += spec;
+        i = j;
+    }
+    return found;
+}
+
+std::string Printf(const std::string& format, Conversion kind, double value)
+{
+    long asLong = 0;
+    if (kind == Conversion::Integer) {
+        if (std::isnan(value))
+            asLong = 0;
+        else if (value >= static_cast<double>(std::numeric_limits<long>::max()))
+            asLong = std::numeric_limits<long>::max();
+        else if (value <= static_cast<double>(std::numeric_limits<long>::min()))
+            asLong = std::numeric_limits<long>::min();
+        else
+            asLong = static_cast<long>(value);
+    }
+    char small[64];
+    int length = kind == Conversion::Integer ? std::snprintf(small, sizeof small, format.c_str(), asLong)
+                                             : std::snprintf(small, sizeof small, format.c_str(), value);
+    if (length < 0)
+        return std::string();
+    if (static_cast<size_t>(length) < sizeof small)
+        return std::string(small, static_cast<size_t>(length));
+    std::vector<char> big(static_cast<size_t>(length) + 1);
+    if (kind == Conversion::Integer)
+        std::snprintf(big.data(), big.size(), format.c_str(), asLong);
+    else
+        std::snprintf(big.data(), big.size(), format.c_str(), value);
+    return std::string(big.data(), static_cast<size_t>(length));
+}
+
+} // namespace
+
+int32_t xNumberText::Atol(const std::string& text)
+{
+    long long value = std::strtoll(text.c_str(), nullptr, 10);
+    if (value > std::numeric_limits<int32_t>::max())
+        return std::numeric_limits<int32_t>::max();
+    if (value < std::numeric_limits<int32_t>::min())
+        return std::numeric_limits<int32_t>::min();
+    return static_cast<int32_t>(value);
+}
+
+float xNumberText::Atof(const std::string& text)
+{
+    return static_cast<float>(std::strtod(text.c_str(), nullptr));
+}
+
+std::string xNumberText::Format(const std::string& format, double value)
+{
+    std::string safe;
+    Conversion kind = Inspect(format, safe);
+    if (kind == Conversion::None)
+        return Printf("%g", Conversion::Floating, value);
+    return Printf(safe, kind, value);
+}
+
+std::string xNumberText::FormatLong(const std::string& format, long value)
+{
+    std::string safe;
+    Conversion kind = Inspect(format, safe);
+    if (kind == Conversion::None)
+        return Printf("%ld", Conversion::Integer, static_cast<double>(value));
+    return Printf(safe, kind, static_cast<double>(value));
+}
+
+std::string xNumberText::Strip(const std::string& text)
+{
+    size_t first = text.find_first_not_of(' ');
+    if (first == std::string::npos)
+        return std::string();
+    size_t last = text.find_last_not_of(' ');
+    return text.substr(first, last - first + 1);
+}

@@ -1,0 +1,114 @@
+#include "gui/xQtPlatform.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <unistd.h>
+
+namespace {
+// Once a modal window is up, lets the test act on it.
+template <class Action>
+void OnModal(Action action)
+{
+    QTimer::singleShot(0, [action] {
+        QWidget* modal = QApplication::activeModalWidget();
+        ASSERT_NE(modal, nullptr);
+        action(modal);
+    });
+}
+
+void Click(QWidget* modal, const QString& text)
+{
+    for (auto* b : modal->findChildren<QPushButton*>())
+        if (b->text() == text) {
+            b->click();
+            return;
+        }
+    ADD_FAILURE() << "no button " << text.toStdString();
+}
+} // namespace
+
+TEST(QtPlatform, QuestionsAnswerWithThePlaceOfTheButton)
+{
+    xQtPlatform qt;
+    OnModal([](QWidget* m) { Click(m, "Cancel"); });
+    EXPECT_EQ(qt.Ask("Save", "Discard", "Cancel", "untitled.DSC has changed, save before closing?"), 2);
+    OnModal([](QWidget* m) { Click(m, "No"); });
+    EXPECT_EQ(qt.Ask("Yes", "No", "", "Replace existing file a.DSC"), 1);
+    OnModal([](QWidget* m) {
+        EXPECT_EQ(m->findChildren<QPushButton*>().size(), 2);
+        Click(m, "Yes");
+    });
+    EXPECT_EQ(qt.Ask("Yes", "No", "", "again"), 0);
+    OnModal([](QWidget* m) {
+        auto* box = qobject_cast<QMessageBox*>(m);
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(box->text(), "Illegal clipboard contents.");
+        EXPECT_EQ(box->icon(), QMessageBox::Information);
+        box->accept();
+    });
+    qt.Note("Illegal clipboard contents.");
+}
+
+TEST(QtPlatform, FileDialogMatchesTheTypeInAnyCase)
+{
+    xFileDialogRequest request;
+    request.filterDescription = "Open file <DSC>";
+    request.filterPattern = "*.DSC";
+    EXPECT_EQ(xQtPlatform::FilterFor(request), "Open file <DSC> (*.[dD][sS][cC])");
+
+    char dirTemplate[] = "/tmp/tolvad-qt-XXXXXX";
+    ASSERT_NE(mkdtemp(dirTemplate), nullptr);
+    std::string dir = dirTemplate;
+    std::ofstream(dir + "/lower.dsc") << "x";
+    request.directory = dir;
+    request.title = "Open";
+    xQtPlatform qt;
+    std::string chosen = "unchanged";
+    OnModal([](QWidget* m) { qobject_cast<QDialog*>(m)->reject(); });
+    EXPECT_EQ(qt.ChooseFile(request, chosen), 1);
+    EXPECT_EQ(chosen, "unchanged");
+    OnModal([](QWidget* m) {
+        auto* dialog = qobject_cast<QFileDialog*>(m);
+        ASSERT_NE(dialog, nullptr);
+        dialog->selectFile("lower.dsc");
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    EXPECT_EQ(qt.ChooseFile(request, chosen), 2);
+    EXPECT_EQ(chosen, dir + "/lower.dsc");
+    unlink((dir + "/lower.dsc").c_str());
+    rmdir(dir.c_str());
+}
+
+TEST(QtPlatform, ClipboardScreenAndPrograms)
+{
+    xQtPlatform qt;
+    qt.PutClipboardText(" 1.0000000e+00\n");
+    EXPECT_TRUE(qt.HasClipboardText());
+    EXPECT_EQ(qt.GetClipboardText(), " 1.0000000e+00\n");
+    int w = 0, h = 0;
+    qt.ScreenSize(w, h);
+    EXPECT_GT(w, 0);
+    EXPECT_GT(h, 0);
+    EXPECT_FALSE(qt.StartProgram("/nonexistent/tolvad313 a.DSC"));
+    EXPECT_FALSE(qt.StartProgram(""));
+    EXPECT_TRUE(qt.StartProgram("/bin/true a.DSC"));
+}
+
+TEST(QtPlatform, FatalShowsTheMessageThenEndsWithStatusTwo)
+{
+    EXPECT_EXIT(
+        {
+            xQtPlatform qt;
+            qt.SetFatalHook([] { std::fputs("hook ran\n", stderr); });
+            OnModal([](QWidget* m) { qobject_cast<QDialog*>(m)->accept(); });
+            qt.FatalExit("xDoc::Attempt to reset stream failed.");
+        },
+        ::testing::ExitedWithCode(2), "hook ran");
+}
