@@ -1,0 +1,190 @@
+#include "app/xEdit2App.h"
+
+#include "gui/xRecordingMenuBar.h"
+#include "gui/xRecordingPlatform.h"
+#include "tests/xTempDirectory.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace {
+
+class AppTest : public ::testing::Test {
+protected:
+    // Starts an application with these command-line names; gives the number
+    // of documents it then holds.
+    size_t Start(xEdit2App& app, const std::vector<std::string>& names)
+    {
+        app.SetStartupFiles(names);
+        app.StartUp();
+        EXPECT_EQ(app.StartupFileCount(), 0);
+        return app.DocumentCount();
+    }
+
+    xTempDirectory dir;
+    xRecordingPlatform platform;
+};
+
+// The screen form's start dialog, cancelled.
+class CancelledStartApp : public xEdit2App {
+protected:
+    bool RunStartDialog(long&) override { return false; }
+};
+
+} // namespace
+
+TEST_F(AppTest, StartNameAcceptsTheExtensionInAnyCaseAndAnyFirstCharacter)
+{
+    for (const char* name : {"survey.dsc", "SURVEY.DSC", "survey.Dsc", "surveyxdsc"}) {
+        xTempDirectory::Write(dir / name, "text\n");
+        xEdit2App app;
+        ASSERT_EQ(Start(app, {name}), 1u) << name;
+        EXPECT_EQ(app.Document(0)->GetFullPath(), dir / name);
+        EXPECT_EQ(app.Document(0)->GetFileType(), "DSC");
+        EXPECT_FALSE(app.Document(0)->IsAttached());   // read and closed
+    }
+    EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
+
+    xEdit2App app;
+    EXPECT_EQ(Start(app, {"survey.ds"}), 0u);
+    EXPECT_EQ(platform.Texts(xPlatform::kError),
+              std::vector<std::string>{
+                  "Wrong file selection! <***.DSC> file has to be selected. Please try again."});
+    EXPECT_FALSE(app.HasEnded());
+}
+
+TEST_F(AppTest, StartNamesJoinWithOneBlankAndEndSilentlyOnNoFile)
+{
+    xTempDirectory::Write(dir / "my survey.DSC", "");
+    xEdit2App joined;
+    ASSERT_EQ(Start(joined, {"my", "survey.DSC"}), 1u);
+    EXPECT_EQ(joined.Document(0)->GetFileName(), "my survey.DSC");
+
+    std::filesystem::create_directory(dir / "folder.DSC");
+    xEdit2App folder, missing, twoMissing;
+    EXPECT_EQ(Start(folder, {dir / "folder.DSC"}), 0u);
+    EXPECT_EQ(Start(missing, {dir / "none.DSC"}), 0u);
+    EXPECT_EQ(Start(twoMissing, {"a", "b.DSC"}), 0u);
+    EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
+}
+
+TEST_F(AppTest, StartWithoutNameRunsTheStartDialog)
+{
+    xEdit2App app;
+    ASSERT_EQ(Start(app, {}), 1u);   // the first choice: New
+    EXPECT_EQ(app.Document(0)->GetFileName(), "untitled.DSC");
+    EXPECT_EQ(app.Document(0)->fileKind, 0);
+
+    CancelledStartApp cancelled;
+    EXPECT_EQ(Start(cancelled, {}), 0u);
+    EXPECT_TRUE(cancelled.HasEnded());
+}
+
+TEST_F(AppTest, OpenCancelledAsksAndQuitEndsEverything)
+{
+    xEdit2App app;
+    app.DoMenuCommand(xDoc::kNew, false, false);
+    app.Document(0)->SetChanged(true);
+
+    platform.AnswerNext(1);   // Try again
+    platform.AnswerNext(0);   // Quit
+    app.DoMenuCommand(xDoc::kOpen, false, false);
+    ASSERT_EQ(platform.questions.size(), 2u);
+    EXPECT_EQ(platform.questions[0].text, "You have to select a DSC file at this stage.");
+    EXPECT_EQ(platform.questions[0].first, "Quit");
+    EXPECT_EQ(platform.questions[0].second, "Try again");
+    EXPECT_EQ(platform.dialogRequests.size(), 2u);
+    EXPECT_EQ(platform.dialogRequests[0].title, "Select file :");
+    EXPECT_EQ(app.DocumentCount(), 0u);   // the changed one too, unasked
+    EXPECT_TRUE(app.HasEnded());
+}
+
+TEST_F(AppTest, OpenTryAgainThenAFile)
+{
+    xTempDirectory::Write(dir / "b.DSC", "");
+    xEdit2App app;
+    platform.AnswerNext(1);
+    platform.ChooseNext(1);
+    platform.ChooseNext(2, dir / "b.DSC");
+    EXPECT_TRUE(app.DoOpen());
+    ASSERT_EQ(app.DocumentCount(), 1u);
+    EXPECT_EQ(app.Document(0)->GetFullPath(), dir / "b.DSC");
+    EXPECT_EQ(app.Document(0)->Id(), 1);
+    EXPECT_FALSE(app.HasEnded());
+}
+
+TEST_F(AppTest, CloseAllStopsAtTheFirstRefusal)
+{
+    xEdit2App app;
+    for (int i = 0; i < 3; ++i)
+        app.DoNew();
+    xDoc* second = app.Document(1);
+    xDoc* third = app.Document(2);
+    second->SetChanged(true);
+    third->SetChanged(true);
+
+    platform.AnswerNext(2);   // the second: Cancel
+    app.DoMenuCommand(xDoc::kExit, false, false);
+    EXPECT_FALSE(app.HasEnded());
+    ASSERT_EQ(app.DocumentCount(), 2u);   // the first went, the refusing one and the later stay
+    EXPECT_EQ(app.Document(0), second);
+    EXPECT_EQ(app.Document(1), third);
+    EXPECT_EQ(platform.questions.size(), 1u);
+
+    platform.AnswerNext(1);   // Discard
+    platform.AnswerNext(1);
+    app.DoMenuCommand(xDoc::kExit, false, false);
+    EXPECT_EQ(app.DocumentCount(), 0u);
+    EXPECT_TRUE(app.HasEnded());
+}
+
+TEST_F(AppTest, MenuCommandsGoDownFromDocumentToApplication)
+{
+    xTempDirectory::Write(dir / "s.DSC", "old");
+    xEdit2App app;
+    app.DoNew();
+    app.DoNew();
+    xDoc* saved = app.Document(0);
+    saved->SetFilePath(dir / "s.DSC");
+    saved->SetChanged(true);
+
+    app.RouteMenuCommand(xDoc::kSave, saved);     // the document's Save
+    EXPECT_FALSE(saved->IsChanged());
+    EXPECT_EQ(xTempDirectory::Read(dir / "s.DSC"), "");
+
+    app.RouteMenuCommand(xDoc::kClose, app.Document(1));   // closes that one alone
+    EXPECT_EQ(app.DocumentCount(), 1u);
+    app.RouteMenuCommand(xDoc::kNew, saved);       // passed on to the application
+    EXPECT_EQ(app.DocumentCount(), 2u);
+    saved->DoCommand(xDoc::kAbout, nullptr);      // up the chain from a document
+    app.RouteMenuCommand(xEdit2App::kImportOld, nullptr);
+    EXPECT_EQ(platform.Texts(xPlatform::kNote),
+              (std::vector<std::string>{"Tolvad v. 5.00 (file v.9)",
+                                        "xEdit2App::DoMenuCommand() Import of old format descriptors not supported."}));
+
+    // Save of the application saves every changed document with a file.
+    saved->SetChanged(true);
+    app.Document(1)->SetChanged(false);
+    app.DoMenuCommand(xDoc::kSave, false, false);
+    EXPECT_FALSE(saved->IsChanged());
+    EXPECT_TRUE(platform.dialogRequests.empty());
+}
+
+TEST_F(AppTest, MenusAndFatalHook)
+{
+    xEdit2App app;
+    xRecordingMenuBar bar;
+    app.DoSetUpMenus(bar);
+    EXPECT_EQ(bar.removed, (std::set<long>{32050, 32350, 32450}));
+    EXPECT_EQ(bar.updates, 1);
+    app.DoUpdateMenus(bar);
+    EXPECT_EQ(bar.State(32001), 1);
+    EXPECT_EQ(bar.State(32002), 1);
+    EXPECT_EQ(bar.State(10245), 1);
+    EXPECT_EQ(bar.State(10246), 0);
+
+    EXPECT_THROW(xEdit2App::ReportPower(311, "xEdit2App.cpp", 12), xFatalExitError);
+    EXPECT_EQ(platform.Texts(xPlatform::kFatal),
+              std::vector<std::string>{"XVT-Power++ Error: #311, File:xEdit2App.cpp, Line:12"});
+}
