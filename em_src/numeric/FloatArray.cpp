@@ -38,7 +38,7 @@ void FloatArray::Resize(int newLower, int newUpper)
 void FloatArray::SetLower(int newLower)
 {
     lower = newLower;
-    upper = size + newLower - 1;
+    upper = static_cast<int32_t>(int64_t(size) + newLower - 1);
 }
 
 float FloatArray::Norm() const
@@ -103,8 +103,8 @@ float FloatArray::Apply(Op op, float a, float b)
 std::ostream& operator<<(std::ostream& out, const FloatArray& array)
 {
     out << std::setw(10) << array.Lower() << std::setw(10) << array.Upper() << '\n';
-    for (int i = array.Lower(); i <= array.Upper(); ++i)
-        out << std::setw(20) << array[i];
+    for (int32_t i = 0; i < array.Size(); ++i)
+        out << std::setw(20) << array.Data()[i];
     return out << '\n';
 }
 
@@ -114,7 +114,7 @@ std::istream& operator>>(std::istream& in, FloatArray& array)
     if (!xExtract::Int(in, lower) || !xExtract::Int(in, upper))
         return in;   // no bounds: the array stays as it was
     array.Resize(lower, upper);
-    for (int i = lower; i <= upper; ++i)
-        xExtract::Float(in, array[i]);
+    for (int32_t i = 0; i < array.Size(); ++i)
+        xExtract::Float(in, array.Data()[i]);
     return in;
 }

@@ -5,6 +5,7 @@
 #include "numeric/xExtract.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstdint>
 #include <cstring>
 #include <iomanip>
@@ -245,9 +246,13 @@ protected:
     }
     // Wraps foreign data; the array never frees it.
     xArrayBase(T* foreign, int64_t first, int64_t last)
-        : size(static_cast<int32_t>(std::max<int64_t>(0, last - first + 1))),
-          lower(static_cast<int32_t>(first)), upper(lower + size - 1), owns(false), data(foreign)
+        : owns(false), data(foreign)
     {
+        MakeEmpty(static_cast<int32_t>(first));
+        if (last >= first) {
+            size = static_cast<int32_t>(last - first + 1);
+            upper = static_cast<int32_t>(last);
+        }
     }
     xArrayBase(const xArrayBase& other) : lower(other.lower)
     {
@@ -256,9 +261,27 @@ protected:
     }
     static constexpr const char* kConstructorOutOfMemory = "xArray: Out of memory!";
 
+    // Takes over the block (owned or borrowed) and leaves other empty, so that
+    // views can live in containers without being copied.
+    xArrayBase(xArrayBase&& other) noexcept
+        : size(other.size), lower(other.lower), upper(other.upper), owns(other.owns), data(other.data)
+    {
+        other.data = nullptr;
+        other.owns = true;
+        other.MakeEmpty(other.lower);
+    }
+
     // An empty array at lower; the constructors with bounds start from it.
     struct Empty {};
-    xArrayBase(Empty, int first) : lower(first), upper(first - 1) {}
+    xArrayBase(Empty, int first) { MakeEmpty(first); }
+
+    // No elements, starting at first where the bounds can say so.
+    void MakeEmpty(int32_t first)
+    {
+        size = 0;
+        lower = first > INT32_MIN ? first : 0;
+        upper = lower - 1;
+    }
 
     // Frees the block and allocates a new, zeroed one. Borrowed data is let go,
     // never freed; the new block belongs to the array.
@@ -277,8 +300,7 @@ protected:
         T* block = NewBlock(count);
         lower = static_cast<int32_t>(first);
         if (!block) {
-            size = 0;
-            upper = lower - 1;
+            MakeEmpty(lower);
             PostFatalExit("%s", outOfMemory);
         }
         data = block;
@@ -333,8 +355,7 @@ private:
         if (owns)
             delete[] data;
         data = nullptr;
-        size = 0;
-        upper = lower - 1;
+        MakeEmpty(lower);
     }
 
     T Extreme(bool wantMax, const T* ignore) const

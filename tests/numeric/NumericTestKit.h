@@ -4,6 +4,7 @@
 #include "gui/xRecordingPlatform.h"
 
 #include <initializer_list>
+#include <sstream>
 #include <string>
 
 // The text of the fatal message that the action ends in, or "(no fatal)".
@@ -28,6 +29,19 @@ Array MakeArray(int lower, std::initializer_list<T> values)
     for (T v : values)
         array[i++] = v;
     return array;
+}
+
+// Writes the table in binary with its bounds and reads it into a default one;
+// byteCount receives how many bytes were written.
+template <class Table>
+Table BinaryRoundTrip(const Table& table, size_t& byteCount)
+{
+    std::stringstream bytes;
+    table.WriteBinary(bytes, true);
+    byteCount = bytes.str().size();
+    Table back;
+    back.ReadBinary(bytes, true);
+    return back;
 }
 
 #endif

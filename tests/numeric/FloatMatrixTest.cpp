@@ -1,0 +1,265 @@
+#include "numeric/FloatMatrix.h"
+
+#include "NumericTestKit.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <unistd.h>
+
+namespace {
+// A matrix with the given bounds whose rows are the given lists.
+FloatMatrix Make(int rowLower, int colLower, std::initializer_list<std::initializer_list<float>> rows)
+{
+    FloatMatrix m(rowLower, rowLower + static_cast<int>(rows.size()) - 1, colLower,
+                  colLower + static_cast<int>(rows.begin()->size()) - 1);
+    int r = rowLower;
+    for (const auto& row : rows) {
+        int c = colLower;
+        for (float v : row)
+            *m.Element(r, c++) = v;
+        ++r;
+    }
+    return m;
+}
+}
+
+TEST(FloatMatrix, ResizeKeepsDataOnlyForTheSameShapeAndColumnStart)
+{
+    FloatMatrix m(1, 2, 1, 3);
+    m.Fill(nullptr);
+    float five = 5;
+    m.Fill(&five);
+    m.Resize(3, 2);
+    EXPECT_EQ(m.RowLower(), 0);
+    EXPECT_EQ(m.ColLower(), 0);
+    EXPECT_EQ(m.ColUpper(), 1);
+    EXPECT_EQ(m.Min(), 0);
+    EXPECT_EQ(m.Max(), 0);
+    m.Fill(&five);
+    m.Resize(3, 2);
+    EXPECT_EQ(*m.Element(2, 1), 5);
+    m.Resize(10, 12, 0, 1);   // same shape and column start: rows just move
+    EXPECT_EQ(m.Row(12)[1], 5);
+    m.Resize(10, 12, 1, 2);
+    EXPECT_EQ(m.Row(12)[2], 0);
+
+    FloatMatrix like;
+    like.ResizeLike(m);
+    EXPECT_TRUE(like.SameBounds(m));
+}
+
+TEST(FloatMatrix, RowViewsShareTheStorage)
+{
+    FloatMatrix m(1, 3, 5, 6);
+    m.Row(2)[6] = 4;
+    EXPECT_EQ(m.Element(2, 6), &m.Row(2)[6]);
+    EXPECT_EQ(*m.Element(2, 6), 4);
+    EXPECT_FALSE(m.Row(2).Owns());
+    EXPECT_EQ(m.Row(2).Lower(), 5);
+    EXPECT_EQ(m.RowOrNull(0), nullptr);
+    EXPECT_EQ(m.RowOrNull(4), nullptr);
+    EXPECT_EQ(m.RowOrNull(3), &m.Row(3));
+
+    float seven = 7;
+    m.FillRow(1, &seven);
+    m.FillCol(5, &seven);
+    EXPECT_EQ(m, Make(1, 5, {{7, 7}, {7, 4}, {7, 0}}));
+    m.Row(3) = MakeArray<FloatArray>(5, {1.0f, 2.0f});
+    EXPECT_EQ(m.RowArray(3), MakeArray<FloatArray>(5, {1.0f, 2.0f}));
+
+    FloatMatrix fromArray(MakeArray<FloatArray>(2, {8.0f, 9.0f}));
+    EXPECT_EQ(fromArray, Make(0, 2, {{8, 9}}));
+}
+
+TEST(FloatMatrix, TransposeFlipAndParts)
+{
+    FloatMatrix m = Make(1, 0, {{1, 2}, {3, 4}, {5, 6}});
+    FloatMatrix t = m.Transposed();
+    EXPECT_EQ(t, Make(0, 1, {{1, 3, 5}, {2, 4, 6}}));
+    m.Transpose();
+    EXPECT_EQ(m, t);
+    EXPECT_EQ(m.FlipRows(), Make(0, 1, {{2, 4, 6}, {1, 3, 5}}));
+    EXPECT_EQ(m.SubMatrix(1, 2, 1, 3), Make(0, 0, {{4, 6}}));
+    EXPECT_EQ(m.ColArray(3), MakeArray<FloatArray>(0, {5.0f, 6.0f}));
+    EXPECT_EQ(m.ColArrayBounded(3).Lower(), 0);
+    EXPECT_EQ(m.ColSum(2), 7);
+    EXPECT_EQ(m.ColMean(2), 3.5f);
+    m.SwapRows(0, 1);
+    m.SwapCols(1, 3);
+    EXPECT_EQ(m, Make(0, 1, {{6, 4, 2}, {5, 3, 1}}));
+}
+
+TEST(FloatMatrix, CopyOverlapUsesTheSmallerColumnCountAsStride)
+{
+    FloatMatrix wide(2, 3);
+    wide.CopyOverlap(Make(0, 0, {{1, 2}, {3, 4}}));
+    EXPECT_EQ(wide, Make(0, 0, {{1, 2, 3}, {4, 0, 0}}));
+    FloatMatrix narrow(3, 1);
+    narrow.CopyOverlap(Make(0, 0, {{1, 2}, {3, 4}}));
+    EXPECT_EQ(narrow, Make(0, 0, {{1}, {2}, {0}}));
+}
+
+TEST(FloatMatrix, ComparisonIsExactAndShapeIgnoresBounds)
+{
+    FloatMatrix a = Make(0, 0, {{1, 2}});
+    FloatMatrix b = Make(3, 4, {{1, 2}});
+    EXPECT_TRUE(a.SameShape(b));
+    EXPECT_TRUE(a.SameValues(b));
+    EXPECT_NE(a, b);
+    FloatMatrix c = a;
+    EXPECT_EQ(a, c);
+    *c.Element(0, 1) = std::nextafter(2.0f, 3.0f);
+    EXPECT_NE(a, c);
+}
+
+TEST(FloatMatrix, Arithmetic)
+{
+    FloatMatrix a = Make(0, 0, {{1, 2}, {3, 4}});
+    a *= 2;
+    a += 1;
+    a -= 3;
+    a /= 2;
+    EXPECT_EQ(a, Make(0, 0, {{0, 1}, {2, 3}}));
+    a += Make(0, 0, {{1, 1, 1}});   // flat, over the smaller table
+    EXPECT_EQ(a, Make(0, 0, {{1, 2}, {3, 3}}));
+
+    EXPECT_EQ(Make(5, 5, {{1, 2}}) - Make(5, 5, {{1, 1}}), Make(5, 5, {{0, 1}}));
+    // The product reads b at (j, k): for square operands it is a times b transposed.
+    FloatMatrix p = Make(1, 1, {{1, 2}, {3, 4}}) * Make(1, 1, {{5, 6}, {7, 8}});
+    EXPECT_EQ(p, Make(1, 1, {{17, 23}, {39, 53}}));
+    FloatMatrix q = Make(1, 1, {{1, 2}, {3, 4}}) * Make(1, 1, {{1, 1, 1}, {2, 2, 2}});
+    EXPECT_EQ(q, Make(1, 1, {{3, 6, 0}, {7, 14, 0}}));
+
+    xRecordingPlatform platform;
+    EXPECT_EQ(FatalText([] { Make(0, 0, {{1, 2}}) - Make(1, 0, {{1, 2}}); }),
+              "FloatMatrix::operator-() matrix subtraction, dimension error.");
+    EXPECT_EQ(FatalText([] { Make(1, 1, {{1, 2}}) * Make(1, 1, {{1, 2}}); }),
+              "FloatMatrix::operator*() matrix multiplication, dimension error.");
+}
+
+TEST(FloatMatrix, ExtremesWithAnIgnoredValue)
+{
+    const float none = -32767.0f;
+    FloatMatrix m = Make(1, 1, {{none, 4, 9}, {-2, none, 3}});
+    float min = 0, max = 0;
+    m.MinMax(min, max, &none);
+    EXPECT_EQ(min, -2);
+    EXPECT_EQ(max, 9);
+    m.MinMax(min, max, 1, 2, 2, 3, nullptr);
+    EXPECT_EQ(min, none);
+    EXPECT_EQ(max, 9);
+    EXPECT_EQ(m.Min(&none), -2);
+    EXPECT_EQ(m.Max(), 9);
+    EXPECT_EQ(m.ColMin(2, &none), 4);
+    EXPECT_EQ(m.ColMax(1, nullptr), -2);
+    EXPECT_EQ(m.ColRangeMax(1, 2, &none), 4);
+    EXPECT_EQ(m.ColRangeMin(2, 3, &none), 3);
+    FloatMatrix all(2, 2);
+    all.Fill(&none);
+    EXPECT_EQ(all.Max(&none), none);
+    all.MinMax(min, max, &none);
+    EXPECT_EQ(min, none);
+}
+
+TEST(FloatMatrix, NearestRowWalksFromAnInterpolatedGuess)
+{
+    FloatMatrix up = Make(0, 0, {{0}, {1}, {2}, {4}, {8}});
+    EXPECT_EQ(up.NearestRow(5.9f, 0), 3);
+    EXPECT_EQ(up.NearestRow(6.1f, 0), 4);
+    EXPECT_EQ(up.NearestRow(0.4f, 0), 0);
+    EXPECT_EQ(up.NearestRow(20, 0), 4);
+    EXPECT_EQ(up.NearestRow(-3, 0), 0);
+    FloatMatrix down = Make(0, 0, {{8}, {4}, {2}, {1}, {0}});
+    EXPECT_EQ(down.NearestRow(3.1f, 0), 1);
+    EXPECT_EQ(down.NearestRow(1.4f, 0), 3);
+}
+
+TEST(FloatMatrix, RowEditingIsNotImplemented)
+{
+    xRecordingPlatform platform;
+    FloatMatrix m = Make(0, 0, {{1, 2}});
+    FloatArray row(2);
+    m.AppendRow(&row);
+    m.InsertRow(0, &row);
+    m.DeleteRow(0);
+    EXPECT_EQ(m, Make(0, 0, {{1, 2}}));
+    EXPECT_EQ(platform.Texts(xPlatform::kNote),
+              (std::vector<std::string>{"WARNING: FloatMatrix::AppendRow() not implemented!",
+                                        "WARNING: FloatMatrix::InsertRow() not implemented!",
+                                        "WARNING: FloatMatrix::DeleteRow() not implemented!"}));
+}
+
+TEST(FloatMatrix, ImpossibleSizesAreFatal)
+{
+    xRecordingPlatform platform;
+    EXPECT_EQ(FatalText([] { FloatMatrix m(-1, 3); }), "FloatMatrix: Out of memory!");
+    EXPECT_EQ(FatalText([] { FloatMatrix m(1 << 14, 1 << 13); }), "FloatMatrix: Out of memory!");
+    FloatMatrix m(2, 2);
+    EXPECT_EQ(FatalText([&] { m.Resize(INT32_MIN, INT32_MAX, 0, 0); }), "FloatMatrix: Out of memory!");
+    EXPECT_EQ(m.Total(), 0);
+    EXPECT_EQ(m.RowOrNull(0), nullptr);
+}
+
+TEST(FloatMatrix, TextForms)
+{
+    FloatMatrix m = Make(1, 0, {{1.5f, -2}});
+    std::ostringstream ascii, shifted;
+    m.WriteAscii(ascii);
+    EXPECT_EQ(ascii.str(), "1 1 0 1\n            1.5              -2 \n");
+    shifted << m;
+    EXPECT_EQ(shifted.str(), "         1         1         0         1\n"
+                             "                 1.5                  -2\n");
+    FloatMatrix back;
+    std::istringstream in(shifted.str());
+    in >> back;
+    EXPECT_EQ(back, m);
+    FloatMatrix read;
+    std::istringstream asciiIn(ascii.str());
+    read.ReadAscii(asciiIn);
+    EXPECT_EQ(read, m);
+
+    FloatMatrix nothing(2, 2);
+    std::istringstream empty("");
+    empty >> nothing;   // no bounds: each is -1
+    EXPECT_EQ(nothing, Make(-1, -1, {{0}}));
+
+    xRecordingPlatform platform;
+    std::istringstream cut("0 1 0 1 1 2 x");
+    read.ReadAscii(cut);
+    EXPECT_EQ(read, Make(0, 0, {{1, 2}, {0, 0}}));
+    std::ostringstream broken;
+    broken.setstate(std::ios::badbit);
+    m.WriteAscii(broken);
+    EXPECT_EQ(platform.Transcript(), "error: FloatMatrix: Error reading matrix from ASCII stream.\n"
+                                     "error: FloatMatrix: Error writing matrix to ASCII stream.\n");
+}
+
+TEST(FloatMatrix, BinaryFormAndDump)
+{
+    FloatMatrix m = Make(100, 1, {{1, 2.25f}, {3, 4}});
+    size_t bytes = 0;
+    EXPECT_EQ(BinaryRoundTrip(m, bytes), m);
+    EXPECT_EQ(bytes, 32u);
+    EXPECT_EQ(m.BinarySize(true), 32);
+    EXPECT_EQ(m.BinarySize(false), 16);
+
+    char dir[] = "/tmp/tolvad-dumpXXXXXX";
+    ASSERT_NE(mkdtemp(dir), nullptr);
+    std::string here = Platform().CurrentDirectory();
+    ASSERT_TRUE(Platform().SetCurrentDirectory(dir));
+    m.Dump("old");
+    m.Dump("Title");
+    std::ifstream file("dump");
+    std::stringstream text;
+    text << file.rdbuf();
+    std::remove("dump");
+    Platform().SetCurrentDirectory(here);
+    rmdir(dir);
+    EXPECT_EQ(text.str(), "Title\n   ---     [  1]   [  2]\n\n"
+                          "   [100]    1.00    2.25\n"
+                          "   [101]    3.00    4.00\n");
+}
