@@ -1,0 +1,544 @@
+#include "app/xIniSettings.h"
+
+#include "app/xIniFile.h"
+#include "app/xModuleLauncher.h"
+#include "frame/xFileSpec.h"
+#include "gui/xPlatform.h"
+#include "numeric/xExtract.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <istream>
+#include <limits>
+#include <ostream>
+#include <regex>
+#include <sys/stat.h>
+#include <unistd.h>
+
+xIniSettings* iniSettings = nullptr;
+std::string editorName = "tolvad313.exe ";
+
+std::streamoff xIniSettings::rememberedPosition = 0;
+
+namespace {
+
+const char kNameKey[] = "Name=";
+const char kColorKey[] = "Unresolved Color(WHITE,BLUE,GRAY,GREEN,LTGRAY)=";
+const char kExtensionKey[] = "Default filename extension for CDI ASCII file (DOC)=";
+const char kInspectKey[] = "Inspect input for correct amplitudes scale (Yes,No)=";
+const char kDeviationKey[] = "Acceptable amplitude scale deviation level=";
+const char kFamilyKey[] = "Font Family(SYSTEM,COURIER,HELVETICA,TIMES)=";
+const char kStyleKey[] = "Font Style(NONE,BOLD,ITALIC)=";
+const char kSizeKey[] = "Font Size=";
+const char kOrderKey[] =
+    "Lines Order(LINE_LOCATION_FROM_ORIGIN,DECREASING_LINE_NUMBER,INCREASING_LINE_NUMBER,"
+    "INCREASING_OFFSET)=";
+const char kThinSheetKey[] = "ThinSheet(TxRx,..,TzRz)=";
+const char kHalfSpaceKey[] = "HalfSpace(TxRx,..,TzRz)=";
+const char kTausKey[] = "Number_of_extra_taus=";
+const char kTitleKey[] = "Title=";
+const char kCommandKey[] = "Command=";
+
+// Names of the lines orders by value; 3 has none.
+const char* const kOrderNames[] = {"LINE_LOCATION_FROM_ORIGIN", "INCREASING_LINE_NUMBER",
+                                   "DECREASING_LINE_NUMBER", "", "INCREASING_OFFSET"};
+
+const int kFirstOrientation = 101;
+const int kLastOrientation = 109;
+const size_t kMaxProjects = 5;
+
+std::string StripBlanks(const std::string& text)
+{
+    size_t first = text.find_first_not_of(' ');
+    if (first == std::string::npos)
+        return std::string();
+    size_t last = text.find_last_not_of(' ');
+    return text.substr(first, last - first + 1);
+}
+
+// A value read as a float and taken as a whole number; out of range saturates.
+int32_t FloatToInt(const std::string& text)
+{
+    float value = static_cast<float>(std::atof(text.c_str()));
+    if (std::isnan(value))
+        return 0;
+    if (value >= 2147483648.0f)
+        return std::numeric_limits<int32_t>::max();
+    if (value <= -2147483648.0f)
+        return std::numeric_limits<int32_t>::min();
+    return static_cast<int32_t>(value);
+}
+
+float TextToFloat(const std::string& text)
+{
+    double value = std::atof(text.c_str());
+    // Beyond float's range the value is an infinity, as on the machine itself.
+    if (value > std::numeric_limits<float>::max())
+        return std::numeric_limits<float>::infinity();
+    if (value < -std::numeric_limits<float>::max())
+        return -std::numeric_limits<float>::infinity();
+    return static_cast<float>(value);
+}
+
+const char* ColorName(uint32_t color)
+{
+    switch (color) {
+    case xIniSettings::kWhite:
+        return "WHITE";
+    case xIniSettings::kGray:
+        return "GRAY";
+    case xIniSettings::kGreen:
+        return "GREEN";
+    case xIniSettings::kLightGray:
+        return "LTGRAY";
+    default:
+        // What reading an unknown name gives.
+        return "BLUE";
+    }
+}
+
+const char* FamilyName(const std::string& family)
+{
+    if (family == "courier")
+        return "COURIER";
+    if (family == "helvetica")
+        return "HELVETICA";
+    if (family == "times")
+        return "TIMES";
+    return "SYSTEM";
+}
+
+const char* StyleName(int style)
+{
+    if (style == 0)
+        return "NONE";
+    if (style == 2)
+        return "ITALIC";
+    return "BOLD";
+}
+
+const char* OrderName(int32_t order)
+{
+    if (order < 0 || order > 4)
+        return "";
+    return kOrderNames[order];
+}
+
+void WriteTable(std::ostream& out, const FloatArray& table)
+{
+    for (int i = kFirstOrientation; i <= kLastOrientation; ++i) {
+        if (i > kFirstOrientation)
+            out << ' ';
+        out << table[i];
+    }
+    out << '\n';
+}
+
+void ReadTable(std::istream& in, FloatArray& table)
+{
+    // Over line ends; a failed number fails the stream and the next key reports it.
+    for (int i = kFirstOrientation; i <= kLastOrientation; ++i)
+        xExtract::Float(in, table[i]);
+}
+
+} // namespace
+
+xIniSettings::xIniSettings()
+    : thinSheet(kFirstOrientation, kLastOrientation), halfSpace(kFirstOrientation, kLastOrientation)
+{
+    thinSheet[107] = 4.0f;
+    thinSheet[109] = 3.0f;
+    halfSpace[107] = 2.5f;
+    halfSpace[109] = 1.5f;
+    Read();
+}
+
+xIniSettings::~xIniSettings()
+{
+    Write();
+}
+
+bool xIniSettings::Read()
+{
+    xPlatform& platform = Platform();
+    std::string saved = platform.CurrentDirectory();
+    std::string startup = platform.StartupDirectory();
+    platform.SetCurrentDirectory(startup);
+
+    bool result = false;
+    {
+        xIniFile file(*this, startup, iniFileName);
+        if (file.FileExists()) {
+            file.Load();
+            result = file.sectionsRead;
+        }
+    }
+    platform.SetCurrentDirectory(saved);
+    return result;
+}
+
+bool xIniSettings::Write()
+{
+    xPlatform& platform = Platform();
+    std::string saved = platform.CurrentDirectory();
+    std::string startup = platform.StartupDirectory();
+    platform.SetCurrentDirectory(startup);
+
+    xFileSpec spec;
+    bool result = spec.SetDirectoryText(startup);
+    spec.name = iniFileName;
+    std::string target = spec.FullPath();
+
+    // A file the user made read-only stays as it is.
+    xFileStatus status;
+    bool exists = platform.StatFile(target, status);
+    if (exists && !status.ownerWrite)
+        result = false;
+
+    // The new file is written beside the old one and replaces it only when
+    // complete, so a full disk or a crash never costs the old settings.
+    std::string temporary = target + ".XXXXXX";
+    int descriptor = result ? ::mkstemp(&temporary[0]) : -1;
+    if (descriptor < 0) {
+        result = false;
+    } else {
+        // The new file gets the old one's permissions, or the usual ones.
+        mode_t mask = ::umask(0);
+        ::umask(mask);
+        mode_t mode = 0666 & ~mask;
+        struct stat old;
+        if (exists && ::stat(target.c_str(), &old) == 0)
+            mode = old.st_mode & 07777;
+        ::fchmod(descriptor, mode);
+        ::close(descriptor);
+
+        xFileSpec temporarySpec;
+        temporarySpec.SetPath(temporary);
+        {
+            xIniFile file(*this, startup, temporarySpec.name);
+            result = file.Store() && file.sectionsWritten;
+        }
+        if (result && std::rename(temporary.c_str(), target.c_str()) != 0)
+            result = false;
+        if (!result)
+            platform.RemoveFile(temporary);
+    }
+    platform.SetCurrentDirectory(saved);
+    return result;
+}
+
+bool xIniSettings::ReadSections(std::istream& in)
+{
+    rememberedPosition = 0;
+    // Every section is read, whatever the one before it gave.
+    bool result = ReadEditor(in);
+    result = ReadProjects(in) && result;
+    result = ReadCdi(in) && result;
+    result = ReadSystem(in) && result;
+    result = ReadApprox(in) && result;
+    result = ReadDynamicControls(in) && result;
+    return result;
+}
+
+bool xIniSettings::NextLine(std::istream& in, std::string& line)
+{
+    rememberedPosition = in.tellg();
+    // Blank lines are passed over, but no more than ten in a row.
+    for (int reads = 0; reads < 11; ++reads) {
+        int ending = xDoc::ReadLine(in, &line);
+        if (ending == 0 && line.empty()) {
+            // Nothing left: from here on every read fails.
+            in.setstate(std::ios::failbit);
+            return false;
+        }
+        if (!line.empty())
+            return true;
+    }
+    return true;
+}
+
+bool xIniSettings::FindSection(std::istream& in, const char* header)
+{
+    std::string line;
+    while (NextLine(in, line))
+        if (StripBlanks(line) == header)
+            return true;
+    PostError("WARNING: Initialization file is incorrect in %s.", header);
+    return false;
+}
+
+bool xIniSettings::ReadKey(std::istream& in, const char* key, const char* label,
+                           std::string& value)
+{
+    std::string line;
+    NextLine(in, line);
+    if (line.find(key) == std::string::npos) {
+        PostError("WARNING: Initialization file is incorrect in %s\n%s.", label, key);
+        in.seekg(rememberedPosition);
+        return false;
+    }
+    // The key is meant to open its line: the value starts behind its length.
+    value = line.substr(std::strlen(key));
+    return true;
+}
+
+bool xIniSettings::ReadEditor(std::istream& in)
+{
+    if (!FindSection(in, "[EDITOR]"))
+        return false;
+    std::string value;
+    if (!ReadKey(in, kNameKey, "[EDITOR]", value))
+        return false;
+    editorName = value;
+    return true;
+}
+
+bool xIniSettings::ReadProjects(std::istream& in)
+{
+    if (!FindSection(in, "[PROJECTS]"))
+        return false;
+    static const std::regex entry("Project[1-9]=");
+    std::string line;
+    while (NextLine(in, line)) {
+        line = StripBlanks(line);
+        if (line.find('[') != std::string::npos) {
+            // The next section: leave it to its reader.
+            in.seekg(rememberedPosition);
+            return true;
+        }
+        std::smatch match;
+        if (!std::regex_search(line, match, entry)) {
+            PostError("WARNING: Initialization file is incorrect in %s\n%s.", "[PROJECTS]",
+                      "Project#=");
+            in.seekg(rememberedPosition);
+            return false;
+        }
+        projects.push_back(line.substr(static_cast<size_t>(match.length(0))));
+    }
+    return false;
+}
+
+bool xIniSettings::ReadCdi(std::istream& in)
+{
+    if (!FindSection(in, "[CDI]"))
+        return false;
+    std::string value;
+    if (!ReadKey(in, kColorKey, "[CDI]", value))
+        return false;
+    unresolvedColor = kBlue;
+    if (value == "WHITE")
+        unresolvedColor = kWhite;
+    else if (value == "GRAY")
+        unresolvedColor = kGray;
+    else if (value == "LTGRAY")
+        unresolvedColor = kLightGray;
+    else if (value == "GREEN")
+        unresolvedColor = kGreen;
+
+    if (!ReadKey(in, kExtensionKey, "[CDI]", value))
+        return false;
+    cdiExtension = value;
+
+    if (!ReadKey(in, kInspectKey, "[CDI]", value))
+        return false;
+    std::transform(value.begin(), value.end(), value.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    inspectAmplitudes = value == "yes";
+
+    if (!ReadKey(in, kDeviationKey, "[CDI]", value))
+        return false;
+    amplitudeDeviation = TextToFloat(value);
+    return true;
+}
+
+bool xIniSettings::ReadSystem(std::istream& in)
+{
+    if (!FindSection(in, "[SYSTEM]"))
+        return false;
+    // The lines order is read even when the font part failed.
+    bool result = ReadFont(in);
+    result = ReadLinesOrder(in) && result;
+    return result;
+}
+
+bool xIniSettings::ReadFont(std::istream& in)
+{
+    std::string value;
+    if (!ReadKey(in, kFamilyKey, "[Font]", value))
+        return false;
+    font.family = "system";
+    if (value == "TIMES")
+        font.family = "times";
+    else if (value == "HELVETICA")
+        font.family = "helvetica";
+    else if (value == "COURIER")
+        font.family = "courier";
+
+    if (!ReadKey(in, kStyleKey, "[Font]", value))
+        return false;
+    font.style = 0;
+    if (value == "BOLD")
+        font.style = 1;
+    else if (value == "ITALIC")
+        font.style = 2;
+
+    if (!ReadKey(in, kSizeKey, "[Font]", value))
+        return false;
+    font.size = 12;
+    int32_t size = FloatToInt(value);
+    if (size >= 4 && size <= 19)
+        font.size = size;
+    return true;
+}
+
+bool xIniSettings::ReadLinesOrder(std::istream& in)
+{
+    std::string value;
+    if (!ReadKey(in, kOrderKey, "[Line Order]", value))
+        return false;
+    linesOrder = 0;
+    if (value == "DECREASING_LINE_NUMBER")
+        linesOrder = 2;
+    else if (value == "INCREASING_LINE_NUMBER")
+        linesOrder = 1;
+    else if (value == "INCREASING_OFFSET")
+        linesOrder = 4;
+    return true;
+}
+
+bool xIniSettings::ReadApprox(std::istream& in)
+{
+    if (!FindSection(in, "[APPROX]"))
+        return false;
+    std::string value;
+    if (!ReadKey(in, kThinSheetKey, "[APPROX]", value))
+        return false;
+    ReadTable(in, thinSheet);
+    if (!ReadKey(in, kHalfSpaceKey, "[APPROX]", value))
+        return false;
+    ReadTable(in, halfSpace);
+    if (!ReadKey(in, kTausKey, "[APPROX]", value))
+        return false;
+    extraTaus = FloatToInt(value);
+    return true;
+}
+
+bool xIniSettings::ReadDynamicControls(std::istream& in)
+{
+    if (!FindSection(in, "[DYNAMIC CONTROLS]"))
+        return false;
+    std::string value;
+    if (!ReadKey(in, kTitleKey, "[DYNAMIC CONTROLS]", value))
+        return false;
+    dynamicTitle = value;
+    if (dynamicTitle.empty())
+        return true;
+    if (!ReadKey(in, kCommandKey, "[DYNAMIC CONTROLS]", value))
+        return false;
+    dynamicCommand = value;
+    return true;
+}
+
+bool xIniSettings::WriteSections(std::ostream& out) const
+{
+    out << "[EDITOR]\n" << kNameKey << editorName << "\n\n";
+
+    out << "[PROJECTS]\n";
+    for (size_t i = 0; i < projects.size(); ++i)
+        out << "Project" << i + 1 << "=" << projects[i] << '\n';
+    out << '\n';
+
+    out << "[CDI]\n"
+        << kColorKey << ColorName(unresolvedColor) << '\n'
+        << kExtensionKey << cdiExtension << '\n'
+        << kInspectKey << (inspectAmplitudes ? "Yes" : "No") << '\n'
+        << kDeviationKey << amplitudeDeviation << "\n\n";
+
+    out << "[SYSTEM]\n"
+        << kFamilyKey << FamilyName(font.family) << '\n'
+        << kStyleKey << StyleName(font.style) << '\n'
+        << kSizeKey << font.size << '\n'
+        << kOrderKey << OrderName(linesOrder) << "\n\n";
+
+    out << "[APPROX]\n" << kThinSheetKey << '\n';
+    WriteTable(out, thinSheet);
+    out << kHalfSpaceKey << '\n';
+    WriteTable(out, halfSpace);
+    out << kTausKey << extraTaus << '\n';
+
+    // No blank line before this section: the suite's other modules write it so.
+    out << "[DYNAMIC CONTROLS]\n"
+        << kTitleKey << dynamicTitle << '\n'
+        << kCommandKey << dynamicCommand << "\n\n";
+    // Errors of a full disk show at the flush, not before.
+    out.flush();
+    return out.good();
+}
+
+const xFontRecord& xIniSettings::GetFont(xFontRecord& out) const
+{
+    out = font;
+    return font;
+}
+
+FloatArray& xIniSettings::GetApproxTable(int kind)
+{
+    return kind == 2 ? halfSpace : thinSheet;
+}
+
+const std::string* xIniSettings::GetDynamicTitle() const
+{
+    return dynamicTitle.empty() ? nullptr : &dynamicTitle;
+}
+
+void xIniSettings::RunDynamicControl(const std::string& title) const
+{
+    // Without a title there is no dynamic control to run.
+    if (!dynamicTitle.empty() && title == dynamicTitle)
+        RunModule(dynamicCommand);
+}
+
+void CreateIni()
+{
+    if (!iniSettings)
+        iniSettings = new xIniSettings();
+}
+
+void DestroyIni()
+{
+    if (iniSettings) {
+        delete iniSettings;
+        iniSettings = nullptr;
+    }
+}
+
+const std::vector<std::string>* GetProjectList()
+{
+    return iniSettings ? &iniSettings->projects : nullptr;
+}
+
+void AddProject(const std::string& path)
+{
+    if (!iniSettings)
+        return;
+    std::vector<std::string>& list = iniSettings->projects;
+    auto found = std::find(list.begin(), list.end(), path);
+    if (found != list.end()) {
+        std::rotate(list.begin(), found, found + 1);
+        return;
+    }
+    list.insert(list.begin(), path);
+    if (list.size() > kMaxProjects)
+        list.pop_back();
+}
+
+void AddProject(const xFileSpec& spec)
+{
+    AddProject(spec.FullPath());
+}
