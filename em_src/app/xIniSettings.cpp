@@ -218,10 +218,8 @@ bool xIniSettings::Write()
         ::fchmod(descriptor, mode);
         ::close(descriptor);
 
-        xFileSpec temporarySpec;
-        temporarySpec.SetPath(temporary);
         {
-            xIniFile file(*this, startup, temporarySpec.name);
+            xIniFile file(*this, startup, temporary.substr(temporary.rfind('/') + 1));
             result = file.Store() && file.sectionsWritten;
         }
         if (result && std::rename(temporary.c_str(), target.c_str()) != 0)
