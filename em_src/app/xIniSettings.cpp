@@ -271,16 +271,21 @@ bool xIniSettings::FindSection(std::istream& in, const char* header)
     return false;
 }
 
+bool xIniSettings::RejectLine(std::istream& in, const char* label, const char* key)
+{
+    PostError("WARNING: Initialization file is incorrect in %s\n%s.", label, key);
+    // The line may open the next section: give it back.
+    in.seekg(rememberedPosition);
+    return false;
+}
+
 bool xIniSettings::ReadKey(std::istream& in, const char* key, const char* label,
                            std::string& value)
 {
     std::string line;
     NextLine(in, line);
-    if (line.find(key) == std::string::npos) {
-        PostError("WARNING: Initialization file is incorrect in %s\n%s.", label, key);
-        in.seekg(rememberedPosition);
-        return false;
-    }
+    if (line.find(key) == std::string::npos)
+        return RejectLine(in, label, key);
     // The key is meant to open its line: the value starts behind its length.
     value = line.substr(std::strlen(key));
     return true;
@@ -311,12 +316,8 @@ bool xIniSettings::ReadProjects(std::istream& in)
             return true;
         }
         std::smatch match;
-        if (!std::regex_search(line, match, entry)) {
-            PostError("WARNING: Initialization file is incorrect in %s\n%s.", "[PROJECTS]",
-                      "Project#=");
-            in.seekg(rememberedPosition);
-            return false;
-        }
+        if (!std::regex_search(line, match, entry))
+            return RejectLine(in, "[PROJECTS]", "Project#=");
         projects.push_back(line.substr(static_cast<size_t>(match.length(0))));
     }
     return false;

@@ -73,6 +73,8 @@ private:
 
     static bool NextLine(std::istream& in, std::string& line);
     static bool FindSection(std::istream& in, const char* header);
+    // Warns of a line that isn't what the section expects and gives it back.
+    static bool RejectLine(std::istream& in, const char* label, const char* key);
     static bool ReadKey(std::istream& in, const char* key, const char* warning,
                         std::string& value);
 
