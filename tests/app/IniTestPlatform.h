@@ -7,24 +7,20 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
-#include <string>
-#include <unistd.h>
 
-// A recording platform started from a fresh temporary directory, which is
-// removed with everything in it at the end.
+// A recording platform started from a fresh temporary directory, removed
+// with all it holds at the end.
 class IniTestPlatform : public xRecordingPlatform {
 public:
     IniTestPlatform()
     {
         char pattern[] = "/tmp/tolvad-app-XXXXXX";
-        char* made = ::mkdtemp(pattern);
-        directory = made ? made : "/tmp";
+        directory = ::mkdtemp(pattern) ? pattern : "/tmp/tolvad-app-unmade";
     }
     ~IniTestPlatform() override
     {
         std::error_code ignored;
-        if (directory != "/tmp")
-            std::filesystem::remove_all(directory, ignored);
+        std::filesystem::remove_all(directory, ignored);
     }
     std::string StartupDirectory() override { return directory; }
 
@@ -35,9 +31,8 @@ public:
     }
     std::string Get(const std::string& name) const
     {
-        std::ifstream in(Path(name), std::ios::binary);
         std::ostringstream text;
-        text << in.rdbuf();
+        text << std::ifstream(Path(name), std::ios::binary).rdbuf();
         return text.str();
     }
 
