@@ -1,0 +1,64 @@
+#ifndef TOLVAD_WIDGETS_X2DGPORT_H
+#define TOLVAD_WIDGETS_X2DGPORT_H
+
+// The plot area of a card: the graph arithmetic of x2DGPlot on a Qt widget.
+// It paints the zero line and its series from their pixel caches, shows the
+// end labels at its lower corners, a horizontal scroll bar when the plot is
+// wider than the frame, the mouse read-out box and the rubber band.
+
+#include "widgets/x2DGPlot.h"
+
+#include <QString>
+#include <QWidget>
+
+class QLabel;
+class QRubberBand;
+class QScrollBar;
+
+class x2DGPort : public QWidget, public x2DGPlot {
+    Q_OBJECT
+public:
+    // With both sizes 0 the frame's size is the virtual size. Commands that
+    // the port doesn't take go to next.
+    x2DGPort(QWidget* parent, xCommandTarget* next, const QRect& frame, int virtualWidth = 0,
+             int virtualHeight = 0);
+    ~x2DGPort() override;
+
+    // The font of the end labels of every port.
+    static void SetLabelFont(const QFont& font);
+
+    QLabel* startLabel = nullptr;
+    QLabel* endLabel = nullptr;
+
+    // The read-out box's text while it is shown, else empty.
+    QString ReadOutShown() const { return readOutText; }
+
+    void InvalidateRect(const x2DGRect& rect) override;
+    void ScrollChanged() override;
+    void EndLabelsChanged() override;
+    void SetCrossHairCursor(bool crossHair) override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    // The widget less the label strip when the labels take one.
+    x2DGRect DrawingFrame() const;
+    int LabelStripHeight() const;
+    void PlaceLabels();
+    void ShowReadOut(const QPoint& at);
+    void HideReadOut();
+
+    QScrollBar* scrollBar = nullptr;
+    QRubberBand* rubberBand = nullptr;
+    QString readOutText;
+};
+
+#endif
