@@ -119,22 +119,25 @@ bool x2DGPlot::TakeRangeFromFirstSeries(bool horizontal)
     return true;
 }
 
+bool x2DGPlot::GetRange(bool horizontal, float& min, float& max)
+{
+    const float& low = horizontal ? xMin : yMin;
+    const float& high = horizontal ? xMax : yMax;
+    if (low == 0.0f && high == 0.0f)
+        TakeRangeFromFirstSeries(horizontal);
+    min = low;
+    max = high;
+    return Usable(low, high);
+}
+
 bool x2DGPlot::GetXRange(float& min, float& max)
 {
-    if (xMin == 0.0f && xMax == 0.0f)
-        TakeRangeFromFirstSeries(true);
-    min = xMin;
-    max = xMax;
-    return Usable(xMin, xMax);
+    return GetRange(true, min, max);
 }
 
 bool x2DGPlot::GetYRange(float& min, float& max)
 {
-    if (yMin == 0.0f && yMax == 0.0f)
-        TakeRangeFromFirstSeries(false);
-    min = yMin;
-    max = yMax;
-    return Usable(yMin, yMax);
+    return GetRange(false, min, max);
 }
 
 void x2DGPlot::RecomputeSeries(bool redraw)

@@ -151,6 +151,7 @@ private:
     bool StoreXRange(float min, float max);
     bool StoreYRange(float min, float max);
     bool TakeRangeFromFirstSeries(bool horizontal);
+    bool GetRange(bool horizontal, float& min, float& max);
     x2DGPoint BandPointToWorld(int h, int v) const;
     void ShiftYRange(double factor, double shareOfSpan);
 
