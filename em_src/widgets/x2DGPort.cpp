@@ -2,6 +2,7 @@
 
 #include "widgets/x2DGLine.h"
 #include "widgets/x2DGPainterSurface.h"
+#include "widgets/xCommandView.h"
 
 #include <QEnterEvent>
 #include <QFontMetrics>
@@ -34,8 +35,8 @@ QRect ToQRect(const x2DGRect& r)
 
 }   // namespace
 
-x2DGPort::x2DGPort(QWidget* parent, xCommandTarget* next, const QRect& frame, int width,
-                   int height)
+x2DGPort::x2DGPort(QWidget* parent, const QRect& frame, int width, int height,
+                   xCommandTarget* next)
     : QWidget(parent), x2DGPlot(next, LocalFrame(frame), width, height)
 {
     setGeometry(frame);
@@ -68,6 +69,13 @@ x2DGRect x2DGPort::DrawingFrame() const
     if (labelsAtBottom && HasEndLabels())
         frame.bottom = std::max(frame.top, frame.bottom - LabelStripHeight());
     return frame;
+}
+
+void x2DGPort::DoCommand(long command, void* data)
+{
+    if (!NextTarget())
+        SetNextTarget(xCommandView::TargetAbove(this));
+    x2DGPlot::DoCommand(command, data);
 }
 
 void x2DGPort::InvalidateRect(const x2DGRect& r)

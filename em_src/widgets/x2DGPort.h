@@ -19,9 +19,10 @@ class x2DGPort : public QWidget, public x2DGPlot {
     Q_OBJECT
 public:
     // With both sizes 0 the frame's size is the virtual size. Commands that
-    // the port doesn't take go to next.
-    x2DGPort(QWidget* parent, xCommandTarget* next, const QRect& frame, int virtualWidth = 0,
-             int virtualHeight = 0);
+    // the port doesn't take go to next, or without one to the nearest view
+    // above it that is a link of the command chain (its card).
+    x2DGPort(QWidget* parent, const QRect& frame, int virtualWidth = 0, int virtualHeight = 0,
+             xCommandTarget* next = nullptr);
     ~x2DGPort() override;
 
     // The font of the end labels of every port.
@@ -33,6 +34,7 @@ public:
     // The read-out box's text while it is shown, else empty.
     QString ReadOutShown() const { return readOutText; }
 
+    void DoCommand(long command, void* data) override;
     void InvalidateRect(const x2DGRect& rect) override;
     void ScrollChanged() override;
     void EndLabelsChanged() override;

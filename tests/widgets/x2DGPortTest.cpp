@@ -7,6 +7,7 @@
 #include "widgets/x2DGLine.h"
 #include "widgets/x2DGPort.h"
 #include "x2DGRecorder.h"
+#include "xCommandRecorder.h"
 
 #include <QImage>
 #include <QLabel>
@@ -33,7 +34,7 @@ protected:
     GraphPort()
     {
         window.resize(400, 300);
-        port = new x2DGPort(&window, &up, QRect(10, 10, 200, 100));
+        port = new x2DGPort(&window, QRect(10, 10, 200, 100), 0, 0, &up);
         window.show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
     }
@@ -159,6 +160,17 @@ TEST_F(GraphPort, CursorFollowsTheCommandsOnlyWithReadOut)
     EXPECT_EQ(port->cursor().shape(), Qt::ArrowCursor);
     port->DoCommand(x2DGPlot::kDoubleYRange, nullptr);
     EXPECT_TRUE(up.received.empty());
+}
+
+TEST(GraphPortChain, WithoutANextTargetCommandsGoToTheCardAbove)
+{
+    xCommandRecorder card;
+    auto* port = new x2DGPort(&card, QRect(0, 0, 100, 50));
+    port->AddSketchPad(6002);
+    QTest::mousePress(port, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
+    QTest::mouseRelease(port, Qt::LeftButton, Qt::NoModifier, QPoint(20, 20));
+    port->DoCommand(x2DGPlot::kShiftYUp, nullptr);
+    EXPECT_EQ(card.Commands(), std::vector<long>{6002});
 }
 
 }   // namespace
