@@ -4,6 +4,7 @@
 #include "gui/xRecordingPlatform.h"
 #include "numeric/FloatArray.h"
 #include "numeric/FloatMatrix.h"
+#include "tests/numeric/NumericTestKit.h"
 #include "widgets/x2DGBars.h"
 #include "widgets/x2DGLine.h"
 #include "x2DGRecorder.h"
@@ -250,7 +251,8 @@ TEST_F(GraphPlot, HorizontalScaleWidensAndKeepsTheMiddleInView)
     EXPECT_EQ(plot.VirtualWidth(), 2832);
     plot.SetHorizontalScale(1000);    // never narrower than the frame
     EXPECT_EQ(plot.VirtualWidth(), 100);
-    EXPECT_THROW(plot.SetHorizontalScale(1, 2), xFatalExitError);
+    EXPECT_EQ(FatalText([&] { plot.SetHorizontalScale(1, 2); }),
+              "x2DGPort::SetHorizontalScale() - vertical scale must be 1.0.");
 
     plot.Resize(x2DGRect{0, 0, 80, 60}, false);
     EXPECT_EQ(plot.VirtualWidth(), 80);
@@ -298,18 +300,10 @@ TEST_F(GraphPlot, CommandsZoomAndShiftTheYRangeAndPassTheRestUp)
 
 TEST_F(GraphPlot, SketchPadGivesWorldPointsOrItsFatalText)
 {
-    try {
-        plot.GetWStartPoint();
-        FAIL();
-    } catch (const xFatalExitError& e) {
-        EXPECT_STREQ(e.what(), "x2DGPort::GetWStartPoint()  - itsSketchPad undefined.");
-    }
-    try {
-        plot.GetWEndPoint();
-        FAIL();
-    } catch (const xFatalExitError& e) {
-        EXPECT_STREQ(e.what(), "x2DGPort::GetWEndPoint()  - itsSketchPad undefined.");
-    }
+    EXPECT_EQ(FatalText([&] { plot.GetWStartPoint(); }),
+              "x2DGPort::GetWStartPoint()  - itsSketchPad undefined.");
+    EXPECT_EQ(FatalText([&] { plot.GetWEndPoint(); }),
+              "x2DGPort::GetWEndPoint()  - itsSketchPad undefined.");
 
     plot.xMax = 10;
     plot.yMin = -1;
