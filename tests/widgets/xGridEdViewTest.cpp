@@ -1,0 +1,257 @@
+#include "gui/xRecordingPlatform.h"
+#include "numeric/FloatMatrix.h"
+#include "widgets/xDependentSeries.h"
+#include "widgets/xEditField.h"
+#include "widgets/xFltGrd.h"
+#include "widgets/xGridEdView.h"
+#include "xCommandRecorder.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QScrollBar>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+FloatMatrix Column2(int rows)
+{
+    FloatMatrix m(1, rows, 1, 2);
+    for (int r = 1; r <= rows; ++r) {
+        *m.Element(r, 1) = static_cast<float>(r);
+        *m.Element(r, 2) = static_cast<float>(r) * 10.0f;
+    }
+    return m;
+}
+
+struct SeriesCount : xDependentSeries {
+    int loads = 0, clears = 0, rows = 0;
+    void SetData(const FloatMatrix& t) override
+    {
+        ++loads;
+        rows = t.Rows();
+    }
+    void ComputePixels() override {}
+    void Clear() override { ++clears; }
+    void InvalidateArea() override {}
+};
+
+struct Grids : ::testing::Test {
+    xRecordingPlatform platform;
+    xCommandRecorder card;
+    xGridEdView* view = nullptr;
+
+    void Build(int visibleRows, int visibleColumns, int capacityRows, int capacityColumns)
+    {
+        view = new xGridEdView(&card, QRect(10, 10, 300, 360), visibleRows, visibleColumns, capacityRows,
+                               capacityColumns);
+        view->SetId(5000);
+        card.show();
+        QApplication::setActiveWindow(&card);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&card));
+    }
+    xFltGrd* Grid() const { return view->Grid(); }
+    std::string Cell(int r, int c) const { return Grid()->CellText(r, c); }
+    std::string Field() const { return view->EditField()->text().toStdString(); }
+    QColor Background(int r, int c) const { return Grid()->Cell(r, c)->palette().color(QPalette::Window); }
+    void Focus()
+    {
+        view->EditField()->setFocus();
+        QApplication::processEvents();
+    }
+    void Key(int key, Qt::KeyboardModifiers mods = Qt::NoModifier)
+    {
+        QTest::keyClick(view->EditField(), static_cast<Qt::Key>(key), mods);
+    }
+    void Type(const char* text)
+    {
+        view->EditField()->selectAll();
+        QTest::keyClicks(view->EditField(), text);
+    }
+    int Count(long command) const
+    {
+        int n = 0;
+        for (long c : card.Commands())
+            n += c == command;
+        return n;
+    }
+};
+
+} // namespace
+
+TEST_F(Grids, HoldFieldsOnlyForTheVisibleCells)
+{
+    Build(13, 2, 2250, 2);
+    FloatMatrix table = Column2(2250);
+    view->SetTable(&table, true);
+    EXPECT_EQ(Grid()->findChildren<QLabel*>().size(), 26);
+    EXPECT_EQ(view->RowCount(), 2250);
+    EXPECT_EQ(Grid()->VerticalBar()->maximum(), 2250 - 13);
+    EXPECT_EQ(Grid()->HorizontalBar()->maximum(), 0);
+}
+
+TEST_F(Grids, ShowShortNumbersAndOfferTheFirstEmptyRow)
+{
+    Build(5, 2, 10, 2);
+    SeriesCount series;
+    view->SetDependentPort(&series);
+    FloatMatrix table = Column2(3);
+    *table.Element(2, 2) = 1234.5f;
+    view->SetTable(&table, true);
+    EXPECT_EQ(Cell(0, 0), "1.00e+00");
+    EXPECT_EQ(Cell(1, 1), "1.23e+03");
+    EXPECT_EQ(Cell(3, 0), "");
+    EXPECT_EQ(Background(3, 1), QColor(Qt::white));   // the first empty row
+    EXPECT_EQ(Background(4, 0), QColor(192, 192, 192));
+    EXPECT_EQ(series.loads, 1);
+    EXPECT_EQ(series.rows, 3);
+
+    FloatMatrix empty(0, 0, 0, 1);
+    view->SetTable(nullptr, true);
+    view->GetTable(empty);
+    EXPECT_EQ(empty.Rows(), 1);   // an empty grid reads as one row
+    EXPECT_EQ(series.clears, 1);
+    EXPECT_EQ(Background(0, 0), QColor(Qt::white));
+    EXPECT_EQ(Background(1, 0), QColor(192, 192, 192));
+}
+
+TEST_F(Grids, EditInTheFieldAndStoreOnLeavingTheCell)
+{
+    Build(5, 2, 10, 2);
+    FloatMatrix table = Column2(3);
+    view->SetTable(&table, true);
+    Focus();
+    EXPECT_EQ(Field(), "1.0000000e+00");
+    EXPECT_EQ(view->PositionLabel()->text(), "1,1");
+    Type("2.5");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Cell(0, 0), "2.50e+00");
+    EXPECT_EQ(view->PositionLabel()->text(), "2,1");
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(view->PositionLabel()->text(), "2,2");
+    Type("letters");
+    Key(Qt::Key_Left);
+    EXPECT_EQ(Cell(1, 1), "0.00e+00");   // no number: 0
+    EXPECT_EQ(Count(9400), 0);            // inside the rows in use: no row message
+
+    // Filling the first empty row grows the table and tells the card.
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Down);
+    Type("4");
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Count(9400), 0);
+    Type("40");
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Count(9400), 1);
+    EXPECT_EQ(card.DataOf(9400), view);
+    EXPECT_EQ(view->RowCount(), 4);
+    EXPECT_EQ(Background(4, 0), QColor(Qt::white));
+
+    // Clearing a cell hides the rows below it from the table, not from the grid.
+    view->Grid()->SetEditCell(1, 0, true);
+    Type("");
+    view->EditField()->clear();
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Count(9400), 2);
+    EXPECT_EQ(view->RowCount(), 1);
+    EXPECT_EQ(Cell(2, 0), "3.00e+00");
+    FloatMatrix back(0, 0, 0, 1);
+    view->GetTable(back);
+    EXPECT_EQ(back.Rows(), 1);
+    EXPECT_EQ(back.Row(0)[0], 2.5f);
+    EXPECT_EQ(Background(2, 0), QColor(192, 192, 192));
+}
+
+TEST_F(Grids, ControlKeysOnlyShowTheirNotes)
+{
+    Build(5, 2, 10, 2);
+    FloatMatrix table = Column2(3);
+    view->SetTable(&table, true);
+    Focus();
+    Key(Qt::Key_X, Qt::ControlModifier);
+    Key(Qt::Key_I, Qt::ControlModifier);
+    EXPECT_EQ(platform.Texts(xPlatform::kNote),
+              (std::vector<std::string>{"Row deletion not implemented yet.", "Row insertion not implemented yet."}));
+    EXPECT_EQ(Field(), "1.0000000e+00");
+    Key(Qt::Key_Down);
+    FloatMatrix back(1, 1, 1, 2);
+    view->GetTable(back);
+    EXPECT_EQ(back, Column2(3));
+}
+
+TEST_F(Grids, KeysScrollAtTheEdgesAndBeepAtTheTableEnd)
+{
+    Build(3, 2, 5, 2);
+    FloatMatrix table = Column2(5);
+    view->SetTable(&table, true);
+    Focus();
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Count(3333), 0);
+    Key(Qt::Key_Down);   // scrolls one row
+    EXPECT_EQ(Grid()->ScrollOrigin(), QPoint(0, 1));
+    EXPECT_EQ(*static_cast<QPoint*>(card.DataOf(3333)), QPoint(0, 1));
+    EXPECT_EQ(Grid()->VerticalBar()->value(), 1);
+    EXPECT_EQ(Cell(0, 0), "2.00e+00");
+    EXPECT_EQ(view->PositionLabel()->text(), "4,1");
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(view->PositionLabel()->text(), "5,2");
+    Key(Qt::Key_Tab);   // the last cell: stays, quietly
+    EXPECT_EQ(view->PositionLabel()->text(), "5,2");
+    EXPECT_EQ(platform.beeps, 0);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(platform.beeps, 1);
+    EXPECT_EQ(view->PositionLabel()->text(), "5,2");
+    // The table is untouched by the visits.
+    FloatMatrix back(1, 1, 1, 2);
+    view->GetTable(back);
+    EXPECT_EQ(back, Column2(5));
+}
+
+TEST_F(Grids, BarsAndClicksMoveTheEdit)
+{
+    Build(3, 2, 20, 2);
+    FloatMatrix table = Column2(20);
+    view->SetTable(&table, true);
+    Grid()->VerticalBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
+    EXPECT_EQ(Grid()->ScrollOrigin(), QPoint(0, 3));
+    Grid()->Scroll(Qt::Vertical, xTxtGrd::kThumb, 99);   // clamped to rows - visible
+    EXPECT_EQ(Grid()->ScrollOrigin(), QPoint(0, 17));
+    EXPECT_EQ(Cell(2, 1), "2.00e+02");
+    Grid()->Scroll(Qt::Vertical, xTxtGrd::kLineBack);
+    EXPECT_EQ(Grid()->VerticalBar()->value(), 16);
+
+    // A click on a cell of the inactive grid takes the focus and edits that cell.
+    QLabel* cell = Grid()->Cell(1, 1);
+    QTest::mouseClick(Grid(), Qt::LeftButton, Qt::NoModifier, cell->geometry().center());
+    EXPECT_TRUE(view->EditField()->hasFocus());
+    EXPECT_EQ(view->PositionLabel()->text(), "18,2");
+    EXPECT_EQ(Field(), "1.8000000e+02");
+    EXPECT_EQ(Grid()->EditFrame()->geometry(), cell->geometry());
+}
+
+TEST(TextGrid, ColumnLabelsFollowTheOriginAndRowLabelsWarn)
+{
+    xRecordingPlatform platform;
+    xCommandRecorder card;
+    FloatMatrix records(0, 1, 0, 11);
+    *records.Element(1, 11) = 7.0f;
+    {
+        xTxtGrd grid(&card, QRect(0, 0, 400, 80), 2, 8, true, true, &records);
+        ASSERT_EQ(grid.ColumnLabels().size(), 8u);
+        EXPECT_EQ(grid.ColumnLabels()[0]->text(), "1");
+        grid.ScrollTo(QPoint(4, 0));
+        EXPECT_EQ(grid.ColumnLabels()[0]->text(), "5");
+        EXPECT_EQ(grid.CellText(1, 7), "7.00e+00");
+        EXPECT_EQ(card.Commands(), std::vector<long>{3333});
+        grid.ScrollTo(QPoint(9, 5));   // clamped: 12 columns, 8 visible, 2 rows
+        EXPECT_EQ(grid.ScrollOrigin(), QPoint(4, 0));
+        EXPECT_EQ(card.Commands().size(), 1u);
+    }
+    EXPECT_EQ(platform.Texts(xPlatform::kWarning),
+              (std::vector<std::string>{"xTxtGrd::BuildLabels() row labelling not implemented yet.",
+                                        "xTxtGrd::ScrollLabels() row labelling not implemented yet.",
+                                        "xTxtGrd::DeleteLabels() row labelling not implemented yet."}));
+}
