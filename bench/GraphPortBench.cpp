@@ -5,6 +5,7 @@
 #include "numeric/FloatMatrix.h"
 #include "widgets/x2DGLine.h"
 #include "widgets/x2DGPlot.h"
+#include "xRatioReporter.h"
 
 #include <benchmark/benchmark.h>
 
@@ -118,24 +119,12 @@ void BM_SeriesRedrawFromCache(benchmark::State& state)
 }
 BENCHMARK(BM_SeriesRedrawFromCache);
 
-// Keeps the real time of every run so the ratios can be printed after the table.
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        for (const Run& run : runs)
-            nanoseconds[run.benchmark_name()] = run.GetAdjustedRealTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    std::map<std::string, double> nanoseconds;
-};
-
 }   // namespace
 
 int main(int argc, char** argv)
 {
     benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
+    xRatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     const double base = reporter.nanoseconds["BM_PlainLoopBaseline"];
     if (base > 0) {

@@ -2,6 +2,7 @@
 
 #include "gui/xPlatform.h"
 #include "widgets/xDependentSeries.h"
+#include "widgets/xLineSeries.h"
 
 #include <QFrame>
 #include <QLabel>
@@ -17,6 +18,19 @@ xFltGrd::xFltGrd(QWidget* parent, const QRect& frame, int rows, int columns, int
     editFrame->setAttribute(Qt::WA_TransparentForMouseEvents);
     editFrame->setGeometry(QRect());
     WriteVisibleCells();
+}
+
+xFltGrd::~xFltGrd() = default;
+
+void xFltGrd::SetDependentPort(xDependentSeries* series)
+{
+    values.SetDependentPort(series);
+}
+
+void xFltGrd::SetDependentPort(x2DGLine* line)
+{
+    lineSeries.reset(line ? new xLineSeries(line) : nullptr);
+    values.SetDependentPort(lineSeries.get());
 }
 
 float xFltGrd::TableValue(int row, int column) const

@@ -5,7 +5,11 @@
 #include "widgets/xGridValues.h"
 #include "widgets/xTxtGrd.h"
 
+#include <memory>
+
 class QFrame;
+class x2DGLine;
+class xLineSeries;
 
 // The visible place of a cell in a grid; -1 for none.
 struct xCellPlace {
@@ -26,12 +30,15 @@ public:
 
     xFltGrd(QWidget* parent, const QRect& frame, int visibleRows, int visibleColumns, int capacityRows,
             int capacityColumns);
+    ~xFltGrd() override;
 
     void SetTable(const FloatMatrix* table, bool redraw);
     void GetTable(FloatMatrix& matrix) const override;
     int RowsInUse(int columnLimit) const { return values.RowsInUse(columnLimit); }
     int RowCount() const { return values.RowCount(); }
-    void SetDependentPort(xDependentSeries* series) { values.SetDependentPort(series); }
+    void SetDependentPort(xDependentSeries* series);
+    // A line of a graph port as the series (null: none).
+    void SetDependentPort(x2DGLine* line);
 
     // Ends the edit of the present cell (9442) and starts one on this cell
     // (9441); notify false moves the frame without telling anyone.
@@ -71,6 +78,7 @@ private:
     bool recolour = true;
     bool active = true;
     xGridValues values;
+    std::unique_ptr<xLineSeries> lineSeries;
 };
 
 #endif

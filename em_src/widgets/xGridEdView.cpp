@@ -57,6 +57,11 @@ void xGridEdView::SetDependentPort(xDependentSeries* series)
     grid->SetDependentPort(series);
 }
 
+void xGridEdView::SetDependentPort(x2DGLine* line)
+{
+    grid->SetDependentPort(line);
+}
+
 void xGridEdView::SetFont(const QFont& font)
 {
     grid->SetCellFont(font);

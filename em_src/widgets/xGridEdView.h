@@ -7,6 +7,7 @@
 
 class FloatMatrix;
 class QLabel;
+class x2DGLine;
 class xDependentSeries;
 class xEditField;
 class xFltGrd;
@@ -28,6 +29,7 @@ public:
     int RowsInUse(int columnLimit) const;
     int RowCount() const;
     void SetDependentPort(xDependentSeries* series);
+    void SetDependentPort(x2DGLine* line);
     void SetFont(const QFont& font);
 
     void DoCommand(long command, void* data) override;

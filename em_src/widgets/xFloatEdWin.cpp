@@ -1,0 +1,22 @@
+#include "widgets/xFloatEdWin.h"
+
+#include "widgets/xEditBox.h"
+
+xFloatEdWin::xFloatEdWin(QWidget* parent, const std::string& title, QPoint centre)
+    : xModalEdWin(parent, title, centre, 340, 130)
+{
+}
+
+void xFloatEdWin::SetUpUserItem(float* number, const std::string& label)
+{
+    value = number;
+    box = new xEditBox(this, QRect(10, clientTop + 20, width() - 20, fieldHeight), fieldWidth,
+                       number ? *number : 0.0f, label, format);
+}
+
+bool xFloatEdWin::Accept()
+{
+    if (box && value)
+        box->GetFloat(*static_cast<float*>(value));
+    return true;
+}

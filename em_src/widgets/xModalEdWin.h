@@ -1,0 +1,68 @@
+#ifndef TOLVAD_WIDGETS_XMODALEDWIN_H
+#define TOLVAD_WIDGETS_XMODALEDWIN_H
+
+#include "gui/xCommandTarget.h"
+
+#include <QDialog>
+#include <QFont>
+#include <QPoint>
+
+#include <string>
+
+class QPushButton;
+
+// The base of the modal editors: "OK" (command 1) at the right of the bottom
+// row and default, "Cancel" (command 2) at the left. The window is centred on
+// the caller's point and kept 10 pixels inside the screen. OK closes when
+// Accept agrees; Cancel sets the one flag the whole family shares, which the
+// caller reads after the run. Other commands go on to the parent.
+class xModalEdWin : public QDialog, public xCommandTarget {
+public:
+    enum Command { kOk = 1, kCancel = 2 };
+    static const int kMargin = 10;
+    static const int kButtonRow = 40;
+
+    // A null parent or a centre of (-1, -1) centres on the parent's window,
+    // or on the screen.
+    xModalEdWin(QWidget* parent, const std::string& title, QPoint centre, int width, int height);
+
+    // Set to false by every new window of the family, to true by Cancel.
+    static bool Cancelled;
+
+    // Runs the window modally; the result of the run is in Cancelled.
+    void Run() { exec(); }
+    void DoCommand(long command, void* data) override;
+    // Recentres for a new client size and rebuilds the buttons at the new
+    // bottom; false, with nothing changed, when the frame would leave the screen.
+    bool ResizeToFit(int width, int height);
+
+    QPushButton* OkButton() const { return okButton; }
+    QPushButton* CancelButton() const { return cancelButton; }
+
+    // The client area above the buttons starts at clientTop and is
+    // clientHeight high.
+    int clientHeight;
+    int clientTop = 0;
+    std::string format = "%10.7e";
+    QFont labelFont;
+    int fieldWidth = 90;
+    int fieldHeight = 23;
+    double itemGap = 1.0;
+
+protected:
+    // Takes the edited value back; false keeps the window open.
+    virtual bool Accept() { return true; }
+    void reject() override;
+
+    // What is edited; not owned.
+    void* value = nullptr;
+
+private:
+    void PlaceButtons();
+    QRect FrameAround(QPoint centre, int width, int height) const;
+
+    QPushButton* okButton;
+    QPushButton* cancelButton;
+};
+
+#endif

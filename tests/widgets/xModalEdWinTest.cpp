@@ -1,0 +1,235 @@
+#include "gui/xRecordingPlatform.h"
+#include "numeric/FloatMatrix.h"
+#include "widgets/x2DGLine.h"
+#include "widgets/x2DGPlot.h"
+#include "widgets/xCardClipboard.h"
+#include "widgets/xChoiceEdWin.h"
+#include "widgets/xEdGrid.h"
+#include "widgets/xEditBox.h"
+#include "widgets/xEditField.h"
+#include "widgets/xFlagEditBox.h"
+#include "widgets/xGridEdView.h"
+#include "widgets/xGridEdViewWin.h"
+#include "widgets/xGridValues.h"
+#include "widgets/xMtGridEdWin.h"
+#include "widgets/xMultipleBEditBox.h"
+#include "widgets/xPointFlagEdWin.h"
+#include "widgets/xTextEdWin.h"
+#include "widgets/xVectorEdWin.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+// Runs the window modally while the action plays the user.
+template <class Window, class Action>
+void RunWith(Window& window, Action action)
+{
+    QTimer::singleShot(0, [&window, action] { action(window); });
+    window.Run();
+}
+} // namespace
+
+TEST(ModalWindows, StayInsideTheScreenAndShareTheCancelFlag)
+{
+    xRecordingPlatform platform;
+    platform.screenWidth = 800;
+    platform.screenHeight = 600;
+    xModalEdWin corner(nullptr, "t", QPoint(5, 590), 340, 130);
+    EXPECT_EQ(corner.geometry(), QRect(10, 600 - 10 - 130, 340, 130));
+    EXPECT_TRUE(corner.OkButton()->isDefault());
+    EXPECT_LT(corner.CancelButton()->x(), corner.OkButton()->x());
+    EXPECT_FALSE(corner.ResizeToFit(900, 130));   // would leave the screen
+    EXPECT_EQ(corner.width(), 340);
+    EXPECT_FALSE(corner.ResizeToFit(300, 200));   // recentred, it would pass the bottom
+    EXPECT_TRUE(corner.ResizeToFit(300, 110));
+    EXPECT_EQ(corner.size(), QSize(300, 110));
+    EXPECT_EQ(corner.OkButton()->y(), 110 - xModalEdWin::kButtonRow + 8);
+
+    RunWith(corner, [](xModalEdWin& w) { w.CancelButton()->click(); });
+    EXPECT_TRUE(xModalEdWin::Cancelled);
+    xModalEdWin next(nullptr, "t", QPoint(400, 300), 200, 100);
+    EXPECT_FALSE(xModalEdWin::Cancelled);   // a new window clears it
+    RunWith(next, [](xModalEdWin& w) { QTest::keyClick(&w, Qt::Key_Return); });
+    EXPECT_FALSE(xModalEdWin::Cancelled);
+    EXPECT_EQ(next.result(), QDialog::Accepted);
+}
+
+TEST(ModalWindows, PointFlagsFollowTheirNumbers)
+{
+    xRecordingPlatform platform;
+    float point[3] = {0.9f, 2.0f, 0.0f};
+    xPointFlagEdWin window(nullptr, "Components");
+    window.SetUpUserItem(point);
+    EXPECT_EQ(window.size(), QSize(170, 260));
+    xMultipleBEditBox* column = window.Column();
+    EXPECT_FALSE(column->FlagItem(1)->IsChecked());   // 0.9 truncates to 0
+    EXPECT_TRUE(column->FlagItem(2)->IsChecked());
+    RunWith(window, [](xPointFlagEdWin& w) {
+        QTest::mouseClick(w.Column()->FlagItem(3)->FlagBox(), Qt::LeftButton);
+        QTest::mouseClick(w.Column()->FlagItem(2)->FlagBox(), Qt::LeftButton);
+        w.OkButton()->click();
+    });
+    EXPECT_EQ(point[0], 0.9f);
+    EXPECT_EQ(point[1], 0.0f);
+    EXPECT_EQ(point[2], 1.0f);
+}
+
+TEST(ModalWindows, VectorTakesBackTheTypedNumbersUnderItsPrompt)
+{
+    xRecordingPlatform platform;
+    FloatArray scales(1, 2);
+    scales[1] = 2.0f;
+    scales[2] = 3.0f;
+    xVectorEdWin window(nullptr, "Rx Waveform Amplitude Scaling", 340, "first line\na much longer second line");
+    window.SetUpUserItem(&scales, {"equivalent secondary amplitude", "nominal (primary) amplitude "});
+    ASSERT_EQ(window.PromptLines().size(), 2u);
+    EXPECT_EQ(window.PromptLines()[1]->palette().color(QPalette::WindowText), QColor(Qt::blue));
+    EXPECT_GT(window.height(), 130);
+    RunWith(window, [](xVectorEdWin& w) {
+        w.Column()->Item(2)->SetText("4.5");
+        w.OkButton()->click();
+    });
+    EXPECT_EQ(scales[1], 2.0f);
+    EXPECT_EQ(scales[2], 4.5f);
+
+    xVectorEdWin cancelled(nullptr, "Time scaling", 250);
+    cancelled.SetUpUserItem(&scales, {"a", "b"});
+    RunWith(cancelled, [](xVectorEdWin& w) {
+        w.Column()->Item(1)->SetText("9");
+        QTest::keyClick(&w, Qt::Key_Escape);
+    });
+    EXPECT_TRUE(xModalEdWin::Cancelled);
+    EXPECT_EQ(scales[1], 2.0f);
+}
+
+TEST(ModalWindows, GridWindowStoresTheCellBeingTyped)
+{
+    xRecordingPlatform platform;
+    FloatMatrix weights(0, 2, 1, 1);
+    for (int r = 0; r <= 2; ++r)
+        *weights.Element(r, 1) = 1.0f;
+    xGridEdViewWin window(nullptr, "Edit Response Weights");
+    window.SetCapacity(3, 1);
+    window.SetVisibleSize(3, 1);
+    window.SetUpUserItem(&weights);
+    EXPECT_EQ(window.View()->GetId(), 3456);
+    RunWith(window, [](xGridEdViewWin& w) {
+        xEditField* field = w.View()->EditField();
+        field->setFocus();
+        QTest::keyClick(field, Qt::Key_Down);
+        field->selectAll();
+        QTest::keyClicks(field, "0.5");
+        w.OkButton()->click();
+    });
+    EXPECT_FALSE(xModalEdWin::Cancelled);
+    EXPECT_EQ(weights.RowLower(), 0);
+    EXPECT_EQ(weights.Row(1)[1], 0.5f);
+    EXPECT_EQ(weights.Row(2)[1], 1.0f);
+}
+
+TEST(ModalWindows, TextAndChoice)
+{
+    xRecordingPlatform platform;
+    std::string name = "old";
+    xTextEdWin text(nullptr, "User Item");
+    text.SetUpUserItem(&name, "Enter new user defined item label:");
+    RunWith(text, [](xTextEdWin& w) {
+        w.Field()->setText("z_new");
+        QTest::keyClick(w.Field(), Qt::Key_Return);   // Return in the field is OK
+    });
+    EXPECT_EQ(name, "z_new");
+
+    int index = 1;
+    xChoiceEdWin choice(nullptr, "Remove User Item ", {"a", "b", "c"});
+    choice.SetUpUserItem(&index, "pick");
+    EXPECT_EQ(choice.List()->currentIndex(), 1);
+    RunWith(choice, [](xChoiceEdWin& w) {
+        w.List()->setCurrentIndex(2);
+        w.OkButton()->click();
+    });
+    EXPECT_EQ(index, 2);
+}
+
+TEST(FixedGrid, FormatsLabelsAndReadsBack)
+{
+    xRecordingPlatform platform;
+    FloatMatrix m(1, 2, 1, 2);
+    *m.Element(1, 1) = 1234567.0f;
+    *m.Element(1, 2) = 0.5f;
+    *m.Element(2, 1) = NoValue;
+    xMtGridEdWin wrong(nullptr, "matrix", 300, 200, 3, 2);
+    wrong.SetUpUserItem(&m, {}, {});
+    EXPECT_EQ(wrong.Grid(), nullptr);
+    EXPECT_EQ(platform.Texts(xPlatform::kError),
+              std::vector<std::string>{"xMtGridEdWin::SetUpUserItem() Illegal use of class, number of rows and "
+                                       "cols has to be specified in advance."});
+
+    xMtGridEdWin window(nullptr, "matrix", 300, 200, 2, 2);
+    window.SetUpUserItem(&m, {"r1"}, {"c1", "c2"});
+    xEdGrid* grid = window.Grid();
+    ASSERT_NE(grid, nullptr);
+    EXPECT_EQ(grid->CellField(0, 0)->text(), "1234567.00");
+    EXPECT_EQ(grid->CellField(0, 1)->text(), "0.5");
+    EXPECT_EQ(grid->CellField(1, 0)->text(), "");
+    EXPECT_EQ(grid->RowLabel(0), "0");   // the wrong count left the default
+    EXPECT_EQ(grid->ColumnLabel(1), "c2");
+    EXPECT_EQ(platform.Texts(xPlatform::kWarning),
+              std::vector<std::string>{"xEdGrid::DrawRowLabels -> no of labels does not correspond to number of rows..."});
+    grid->SetCell(1, 1, 2.0f, "");
+    EXPECT_EQ(grid->CellField(1, 1)->text(), "2");
+    RunWith(window, [](xMtGridEdWin& w) {
+        w.Grid()->CellField(1, 0)->setText("7x");
+        w.OkButton()->click();
+    });
+    EXPECT_EQ(m.Row(2)[1], 7.0f);
+    EXPECT_EQ(m.Row(2)[2], 2.0f);
+    FloatMatrix same = m;
+    EXPECT_FALSE(grid->GetTable(same));
+}
+
+namespace {
+struct Card : QWidget, xCardClipboard {};
+} // namespace
+
+TEST(ClipboardViewer, ShowsTheTextLineByLineWhenThereIsText)
+{
+    xRecordingPlatform platform;
+    Card card;
+    EXPECT_EQ(card.ShowClipboard(), nullptr);
+    platform.PutClipboardText(" 1.0000000e+00\n 2.0000000e+00\n");
+    QDialog* window = card.ShowClipboard();
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->windowTitle(), "clipboard");
+    EXPECT_FALSE(window->isModal());
+    EXPECT_EQ(window->parentWidget(), &card);
+    EXPECT_EQ(window->findChild<QPlainTextEdit*>()->toPlainText(), " 1.0000000e+00\n 2.0000000e+00");
+    window->close();
+}
+
+TEST(ClipboardViewer, PastedTableFollowsIntoThePlottedLine)
+{
+    xRecordingPlatform platform;
+    QWidget card;
+    xGridEdView view(&card, QRect(0, 0, 300, 360), 13, 2, 2250, 2);
+    x2DGPlot port(nullptr, x2DGRect{0, 0, 600, 300}, 0, 0);
+    auto* bars = new x2DGLine(&port);
+    view.SetDependentPort(bars);
+    platform.PutClipboardText("0 1\n1 2\n2 3\n");
+    xCardClipboard clipboard;
+    FloatMatrix matrix(1, 2, 1, 2);
+    ASSERT_TRUE(clipboard.PasteTable(matrix));
+    view.SetTable(&matrix, true);
+    EXPECT_EQ(bars->PixelCount(), 3);
+    view.SetTable(nullptr, true);
+    EXPECT_EQ(bars->PixelCount(), 0);
+}
