@@ -3,15 +3,14 @@
 #include "widgets/xEditBox.h"
 
 xFloatEdWin::xFloatEdWin(QWidget* parent, const std::string& title, QPoint centre)
-    : xModalEdWin(parent, title, centre, 340, 130)
+    : xBoxEdWin(parent, title, centre)
 {
 }
 
 void xFloatEdWin::SetUpUserItem(float* number, const std::string& label)
 {
     value = number;
-    box = new xEditBox(this, QRect(10, clientTop + 20, width() - 20, fieldHeight), fieldWidth,
-                       number ? *number : 0.0f, label, format);
+    box = new xEditBox(this, BoxFrame(), fieldWidth, number ? *number : 0.0f, label, format);
 }
 
 bool xFloatEdWin::Accept()

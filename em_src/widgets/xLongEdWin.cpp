@@ -3,15 +3,14 @@
 #include "widgets/xEditBox.h"
 
 xLongEdWin::xLongEdWin(QWidget* parent, const std::string& title, QPoint centre)
-    : xModalEdWin(parent, title, centre, 340, 130)
+    : xBoxEdWin(parent, title, centre)
 {
 }
 
 void xLongEdWin::SetUpUserItem(long* number, const std::string& label)
 {
     value = number;
-    box = new xEditBox(this, QRect(10, clientTop + 20, width() - 20, fieldHeight), fieldWidth,
-                       number ? *number : 0L, label);
+    box = new xEditBox(this, BoxFrame(), fieldWidth, number ? *number : 0L, label);
 }
 
 bool xLongEdWin::Accept()

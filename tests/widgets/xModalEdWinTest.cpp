@@ -8,9 +8,11 @@
 #include "widgets/xEditBox.h"
 #include "widgets/xEditField.h"
 #include "widgets/xFlagEditBox.h"
+#include "widgets/xFloatEdWin.h"
 #include "widgets/xGridEdView.h"
 #include "widgets/xGridEdViewWin.h"
 #include "widgets/xGridValues.h"
+#include "widgets/xLongEdWin.h"
 #include "widgets/xMtGridEdWin.h"
 #include "widgets/xMultipleBEditBox.h"
 #include "widgets/xPointFlagEdWin.h"
@@ -137,9 +139,27 @@ TEST(ModalWindows, GridWindowStoresTheCellBeingTyped)
     EXPECT_EQ(weights.Row(2)[1], 1.0f);
 }
 
-TEST(ModalWindows, TextAndChoice)
+TEST(ModalWindows, TextChoiceAndSingleNumbers)
 {
     xRecordingPlatform platform;
+    float f = 1.0f;
+    xFloatEdWin floatWin(nullptr, "f");
+    floatWin.SetUpUserItem(&f, "value");
+    EXPECT_EQ(floatWin.Box()->Field()->text(), "1.0000000e+00");
+    RunWith(floatWin, [](xFloatEdWin& w) {
+        w.Box()->SetText("2.5e1 m");
+        w.OkButton()->click();
+    });
+    EXPECT_EQ(f, 25.0f);
+    long l = 3;
+    xLongEdWin longWin(nullptr, "l");
+    longWin.SetUpUserItem(&l);
+    RunWith(longWin, [](xLongEdWin& w) {
+        w.Box()->SetText("12abc");
+        w.OkButton()->click();
+    });
+    EXPECT_EQ(l, 12);
+
     std::string name = "old";
     xTextEdWin text(nullptr, "User Item");
     text.SetUpUserItem(&name, "Enter new user defined item label:");
