@@ -2,9 +2,10 @@
 
 #include "gui/xRecordingPlatform.h"
 
+#include "xStreamText.h"
+
 #include <gtest/gtest.h>
 
-#include <iterator>
 #include <sstream>
 
 namespace {
@@ -13,18 +14,6 @@ const char kTimeDomainHeader[] =
     "SYSTEM NAME\nAirborne GeoTEM test\nVERSION\n2.1\nDEFINED BY\nsurvey crew\nDATE DEFINED\n"
     "12 May\nTIME SCALING\n128  4.16667   [mSec]\nWAVEFORM TYPE\nhalfperiod\n"
     "4.16667   [mSec]\nWAVEFORM NORMALIZED BY\ncomponent\n";
-
-std::string Rest(std::istream& in)
-{
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-std::string Written(const xEMSHeader& header)
-{
-    std::ostringstream out;
-    out << header;
-    return out.str();
-}
 
 } // namespace
 
@@ -102,7 +91,7 @@ TEST(EMSHeader, ReadsAndWritesTheTimeDomainLayout)
     EXPECT_EQ(header.halfPeriod, header.realHalfPeriod);
     EXPECT_EQ(header.timeUnit, "mSec");
     EXPECT_EQ(header.normalizedBy, "component");
-    EXPECT_EQ(Rest(in), "next");
+    EXPECT_EQ(RestOfStream(in), "next");
     EXPECT_TRUE(platform.messages.empty());
     EXPECT_EQ(Written(header), kTimeDomainHeader);
 }
@@ -147,5 +136,5 @@ TEST(EMSHeader, AnOldHeaderWithoutNormalisationIsNotedAndItsLineConsumed)
     ASSERT_EQ(platform.Texts(xPlatform::kNote).size(), 1u);
     EXPECT_EQ(platform.Texts(xPlatform::kNote)[0],
               "Old system descriptor, will be updated to support waveform normalization.");
-    EXPECT_EQ(Rest(in), "after\n");
+    EXPECT_EQ(RestOfStream(in), "after\n");
 }

@@ -1,0 +1,24 @@
+#ifndef TOLVAD_TESTS_MODEL_XSTREAMTEXT_H
+#define TOLVAD_TESTS_MODEL_XSTREAMTEXT_H
+
+#include <istream>
+#include <iterator>
+#include <sstream>
+#include <string>
+
+// What a reader left unread.
+inline std::string RestOfStream(std::istream& in)
+{
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+// The text a record's stream operator writes.
+template <class Record>
+std::string Written(const Record& record)
+{
+    std::ostringstream out;
+    out << record;
+    return out.str();
+}
+
+#endif
