@@ -1,0 +1,244 @@
+#include "model/xEMGDesc.h"
+
+#include "gui/xRecordingPlatform.h"
+#include "model/xTROrientation.h"
+#include "numeric/FloatArray.h"
+
+#include "xStreamText.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <sstream>
+
+namespace {
+
+const std::string kSeparator(57, '_');
+
+const std::string kDefaultText = "TRANSMITTER GEOMETRY\n"
+                                 "moving large loop\nz\n4\n"
+                                 "      5       5       0\n"
+                                 "     -5       5       0\n"
+                                 "     -5      -5       0\n"
+                                 "      5      -5       0\n"
+                                 "XYZ POSITION:\n"
+                                 "      0       0       0\n" +
+                                 kSeparator + "\nRECEIVER GEOMETRY\n"
+                                 "moving dipole\nz\n      0       0       1\n"
+                                 "XYZ POSITION:\n"
+                                 "   -100       0     -50\n" +
+                                 kSeparator + "\n";
+
+xEMGDesc ReadGeometry(const std::string& text, int version)
+{
+    xEMGDesc geometry;
+    geometry.version = version;
+    std::istringstream in(text);
+    in >> geometry;
+    return geometry;
+}
+
+} // namespace
+
+TEST(EMGDesc, DefaultRecordTextAndReadBack)
+{
+    xEMGDesc geometry;
+    EXPECT_EQ(Written(geometry), kDefaultText);
+    xEMGDesc back = ReadGeometry(kDefaultText + "after\n", 9);
+    EXPECT_EQ(back.tx.LoopMatrix(3)->RowLower(), 0);
+    EXPECT_TRUE(back.rx.HasComponent(3));
+    EXPECT_FALSE(back.tx.HasComponent(1));
+    EXPECT_EQ(Written(back), kDefaultText);
+    // Equal only when the versions differ.
+    xEMGDesc copy(back);
+    EXPECT_FALSE(copy == back);
+    copy.version = 8;
+    EXPECT_TRUE(copy == back);
+    copy.rx.x = 1.0f;
+    EXPECT_FALSE(copy == back);
+    EXPECT_FALSE(geometry == copy);   // the loop read has rows from 0, the default from 1
+}
+
+TEST(EMGDesc, OldReceiverPositionsAreConverted)
+{
+    std::string text = kDefaultText;
+    text.replace(text.find("   -100       0     -50"), 23, "     10       0       5");
+    xEMGDesc v7 = ReadGeometry(text, 7);
+    EXPECT_EQ(v7.version, 9);
+    EXPECT_EQ(v7.rx.x, -10.0f);
+    EXPECT_EQ(v7.rx.z, -5.0f);
+    xEMGDesc v8 = ReadGeometry(text, 8);
+    EXPECT_EQ(v8.rx.x, 10.0f);
+    EXPECT_EQ(v8.rx.z, 5.0f);
+    xEMGDesc v9 = ReadGeometry(text, 9);
+    EXPECT_EQ(v9.rx.x, 10.0f);
+    EXPECT_FLOAT_EQ(v9.SeparationX(), 10.0f);
+    EXPECT_FLOAT_EQ(v9.HorizontalSeparation(), 10.0f);
+    EXPECT_FLOAT_EQ(v9.VerticalSeparation(), 5.0f);
+    v9.version = 8;
+    EXPECT_FLOAT_EQ(v9.SeparationX(), -10.0f);
+    v9.version = 5;
+    EXPECT_FLOAT_EQ(v9.SeparationZ(), 5.0f);
+}
+
+TEST(EMGDesc, OtherKindsInTheText)
+{
+    xRecordingPlatform platform;
+    std::string bipole = "T\nfixed el. bipole\nx\n1 2 3\n4 5 6\nXYZ POSITION:\n1 2 3\n" +
+                         kSeparator + "\nR\nmoving large loop\ny\n-2\nXYZ POSITION:\n0 0 0\n";
+    xEMGDesc geometry = ReadGeometry(bipole, 9);
+    float first[3], second[3];
+    ASSERT_TRUE(geometry.tx.GetBipoleEnds(1, first, second));
+    EXPECT_EQ(second[2], 6.0f);
+    EXPECT_EQ(geometry.tx.kind, "el. bipole");
+    EXPECT_EQ(geometry.rx.LoopMatrix(2)->Rows(), 0);   // a negative corner count
+
+    // A kind with no known shape reads no values and writes no components.
+    std::string unknown = "T\nmoving square\nz\nXYZ POSITION:\n1 2 3\n" + kSeparator +
+                          "\nR\nmoving dipole\nXYZ POSITION:\n0 0 0\n";
+    std::istringstream in(unknown);
+    xEMGDesc odd;
+    in >> odd;
+    EXPECT_FALSE(in.fail());
+    EXPECT_FALSE(odd.tx.HasComponent(3));
+    EXPECT_EQ(odd.tx.z, 3.0f);
+    odd.tx.AddComponent(3);
+    EXPECT_FALSE(odd.tx.HasComponent(3));
+    EXPECT_EQ(Written(odd).substr(0, 49), "TRANSMITTER GEOMETRY\nmoving square\nXYZ POSITION:\n");
+
+    // A file that ends inside a block stops.
+    std::istringstream cut("T\nmoving large loop\nz\n900000\n1 2");
+    xEMGDesc truncated;
+    cut >> truncated;
+    EXPECT_TRUE(cut.fail());
+    EXPECT_TRUE(platform.messages.empty());
+}
+
+TEST(EMGDesc, PositionOfSensors)
+{
+    xEMGDesc geometry;
+    geometry.tx.SetPosition(1.0f, 2.0f, 3.0f);
+    float position[3];
+    geometry.tx.Position(position);
+    EXPECT_EQ(position[0], 1.0f);   // a moving loop stands at its x, y, z
+    geometry.tx.SetFixed();
+    FloatMatrix corners(2, 3);
+    *corners.Element(0, 0) = 4.0f;
+    *corners.Element(1, 2) = 8.0f;
+    geometry.tx.SetLoop(3, corners);
+    geometry.tx.Position(position);
+    EXPECT_EQ(position[0], 2.0f);
+    EXPECT_EQ(position[2], 4.0f);
+    geometry.tx.RemoveComponent(3);
+    geometry.tx.MakeDefaultLoop(1, 10.0f);
+    geometry.tx.Position(position);
+    EXPECT_EQ(position[2], 3.0f);
+}
+
+TEST(EMGDesc, DefaultLoopsAndArea)
+{
+    xEMSensorType loop;
+    loop.SetLargeLoop();
+    loop.MakeDefaultLoop(1, 4.0f);
+    const FloatMatrix& x = *loop.LoopMatrix(1);
+    EXPECT_EQ(x.RowLower(), 1);
+    EXPECT_EQ(x.ColLower(), 1);
+    float corner2[3], corner4[3];
+    xEMSensorType::ShapePoint(x, 2, corner2);
+    xEMSensorType::ShapePoint(x, 4, corner4);
+    EXPECT_EQ(corner2[1], corner4[1]);   // the x loop's corners 2 and 4 coincide
+    EXPECT_EQ(corner2[2], -2.0f);
+    EXPECT_EQ(corner2[0], 0.0f);
+    EXPECT_EQ(loop.LoopArea(1), 0.0f);
+    loop.MakeDefaultLoop(3, 10.0f);
+    EXPECT_FLOAT_EQ(loop.LoopArea(3), 100.0f);
+    loop.MakeDefaultLoop(3, 2.0f);
+    EXPECT_FLOAT_EQ(loop.LoopArea(3), 100.0f);   // kept
+
+    xEMSensorType copy(loop);
+    copy.x = 1.0f;
+    EXPECT_EQ(copy.loopArea, 0.0f);
+    EXPECT_TRUE(copy.HasComponent(1));
+    EXPECT_FALSE(copy == loop);
+    copy.x = 0.0f;
+    EXPECT_TRUE(copy == loop);
+}
+
+TEST(EMGDesc, FieldsOfDipoleAndLoop)
+{
+    xRecordingPlatform platform;
+    xEMGDesc geometry;
+    FloatArray out(1, 3);
+    ASSERT_TRUE(geometry.TxFieldAt(3, 0.0f, 0.0f, 0.0f, out));
+    EXPECT_NEAR(out[1], 0.0f, 1e-6);
+    EXPECT_NEAR(out[3], -0.0900f, 2e-4);   // opposite to a dipole along +z
+
+    // A loop read from the file, rows from 0, gives the same field.
+    xEMGDesc read = ReadGeometry(kDefaultText, 9);
+    FloatArray same(3);
+    read.LoopField(3, 1.0f, 2.0f, 3.0f, same);
+    geometry.LoopField(3, 1.0f, 2.0f, 3.0f, out);
+    EXPECT_EQ(same[2], out[3]);
+    EXPECT_TRUE(read.LoopField(3, 5.0f, 5.0f, 0.0f, out));
+    EXPECT_TRUE(std::isfinite(out[1]) && std::isfinite(out[2]) && std::isfinite(out[3]));
+
+    geometry.tx.SetDipole();
+    geometry.tx.AddDipoleComponent(3);
+    ASSERT_TRUE(geometry.TxFieldAt(3, 0.0f, 0.0f, 10.0f, out));
+    EXPECT_FLOAT_EQ(out[3], 2.0f / (4.0f * 3.14159265f * 1000.0f));
+    out = 9.0f;
+    EXPECT_FALSE(geometry.DipoleField(4, 1.0f, 0.0f, 0.0f, out));
+    EXPECT_EQ(out[1], 9.0f);
+    EXPECT_FALSE(geometry.TxFieldAt(1, 1.0f, 0.0f, 0.0f, out));
+    geometry.tx.SetBipole();
+    FloatMatrix ends(2, 3);
+    geometry.tx.SetBipole(3, ends);
+    EXPECT_FALSE(geometry.TxFieldAt(3, 1.0f, 0.0f, 0.0f, out));
+    EXPECT_EQ(platform.Transcript(),
+              "warning: xEMGDesc::DipoleField() Illegal Tx component passed in.\n"
+              "error: Used Transmitter type is not supported!\n"
+              "error: Used Transmitter type is not supported!\n");
+}
+
+TEST(EMGDesc, ComponentsFollowTheOrientation)
+{
+    xRecordingPlatform platform;
+    xEMGDesc geometry;
+    geometry.SelectOrientation(NameToCode("TxRy"));
+    EXPECT_TRUE(geometry.tx.HasComponent(1));
+    EXPECT_FALSE(geometry.tx.HasComponent(3));
+    EXPECT_EQ(geometry.tx.LoopMatrix(1)->RowLower(), 1);   // the loop itself moved
+    float cosines[3];
+    ASSERT_TRUE(geometry.rx.GetDipoleCosines(2, cosines));
+    EXPECT_EQ(cosines[1], 1.0f);
+    EXPECT_FALSE(geometry.rx.HasComponent(3));
+    EXPECT_EQ(geometry.GetTxComponent(), 1);
+
+    geometry.tx.MakeDefaultLoop(3, 10.0f);
+    geometry.rx.AddDipoleComponent(1);
+    geometry.KeepComponent(NameToCode("TzRx"));
+    EXPECT_FALSE(geometry.tx.HasComponent(1));
+    EXPECT_TRUE(geometry.tx.HasComponent(3));
+    EXPECT_FALSE(geometry.rx.HasComponent(2));
+    EXPECT_TRUE(geometry.rx.HasComponent(1));
+
+    geometry.tx.MakeDefaultLoop(2, 10.0f);
+    EXPECT_EQ(geometry.GetTxComponent(), 3);
+    geometry.tx.RemoveAllComponents();
+    EXPECT_EQ(geometry.GetTxComponent(), 3);
+    EXPECT_EQ(platform.Texts(xPlatform::kNote),
+              (std::vector<std::string>{"ERROR xEMGDesc::GetTxComponent() counter = 2",
+                                        "ERROR xEMGDesc::GetTxComponent() counter = 0"}));
+}
+
+TEST(EMGDesc, RotateHorizontal)
+{
+    xEMGDesc geometry;
+    geometry.tx.SetPosition(1.0f, 0.0f, 7.0f);
+    geometry.RotateHorizontal(0.0f, 1.0f);
+    EXPECT_EQ(geometry.tx.x, 0.0f);
+    EXPECT_EQ(geometry.tx.y, 1.0f);
+    EXPECT_EQ(geometry.rx.x, 0.0f);
+    EXPECT_EQ(geometry.rx.y, -100.0f);
+    EXPECT_EQ(geometry.rx.z, -50.0f);
+}
