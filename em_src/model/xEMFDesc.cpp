@@ -2,6 +2,7 @@
 
 #include "frame/xDoc.h"
 #include "gui/xPlatform.h"
+#include "model/xDscText.h"
 #include "model/xTROrientation.h"
 #include "numeric/xExtract.h"
 
@@ -64,16 +65,6 @@ void AppendLine(std::string& text, const std::string& line)
     text += '\n';
 }
 
-void AppendRight(std::string& text, int32_t value, int width)
-{
-    char digits[16];
-    const std::to_chars_result end = std::to_chars(digits, digits + sizeof digits, value);
-    const int length = static_cast<int>(end.ptr - digits);
-    if (length < width)
-        text.append(width - length, ' ');
-    text.append(digits, end.ptr);
-}
-
 // A left-justified field; text that fills it gets one blank behind, so that
 // the row still splits into its fields when read back.
 void AppendLeft(std::string& text, const char* field, size_t length, int width)
@@ -108,9 +99,9 @@ void AppendTable(std::string& text, const char* heading, const char* column, con
     }
     text += '\n';
     for (int i = matrix.ColLower(); i <= matrix.ColUpper(); ++i) {
-        AppendRight(text, i, kTableWidth);
+        xDscText::AppendInt(text, i, kTableWidth);
         for (int code = kFirstOrientationCode; code <= kLastOrientationCode; ++code)
-            AppendRight(text, Truncate(At(matrix, code, i)), kTableWidth);
+            xDscText::AppendInt(text, Truncate(At(matrix, code, i)), kTableWidth);
         text += '\n';
     }
 }
@@ -157,18 +148,15 @@ int SplitItemRow(const std::string& line, std::string* name, int32_t& position)
     return found;
 }
 
+// One position table, rows 1 to rows, then the rest of the last row's line.
 void ReadRows(std::istream& in, FloatMatrix& matrix, int rows)
 {
-    for (int i = 1; i <= rows; ++i) {
-        // Once the stream has ended or failed every read leaves its target
-        // alone, so the rest of the table need not be walked.
-        if (!in.good())
-            return;
+    xDscText::ReadRows(in, rows, [&in, &matrix](int32_t offset) {
         int32_t index = 0;
         xExtract::Int(in, index);
         for (int code = kFirstOrientationCode; code <= kLastOrientationCode; ++code)
-            xExtract::Float(in, At(matrix, code, i));
-    }
+            xExtract::Float(in, At(matrix, code, offset + 1));
+    });
 }
 
 } // namespace
@@ -422,15 +410,15 @@ void xEMFDesc::Write(std::ostream& out) const
 
     AppendLine(text, title);
     AppendLine(text, "Geosoft format (1 yes, 0 no)");
-    AppendRight(text, geosoft, kTableWidth);
+    xDscText::AppendInt(text, geosoft, kTableWidth);
     text += '\n';
     AppendLine(text, "Sample file name (if available)");
     AppendLine(text, sampleFile);
     AppendLine(text, "Number of comment lines at the beginning of each data file");
-    AppendRight(text, commentLines, kTableWidth);
+    xDscText::AppendInt(text, commentLines, kTableWidth);
     text += '\n';
     AppendLine(text, "Number of items in each data record");
-    AppendRight(text, itemCount, kTableWidth);
+    xDscText::AppendInt(text, itemCount, kTableWidth);
     text += '\n';
     if (frequencyDomain) {
         AppendTable(text, kInPhaseHeading, "freq ", inPhasePos);
@@ -472,7 +460,7 @@ void xEMFDesc::ReadTables(std::istream& in)
     inPhasePos = channelPos;
     const float zero = 0.0f;
     channelPos.Fill(&zero);
-    Skip(in, 3);
+    Skip(in, 2);
     ReadRows(in, quadraturePos, ChannelCount());
 }
 
@@ -489,7 +477,7 @@ void xEMFDesc::ReadVersion9(std::istream& in)
     xExtract::Int(in, itemCount);
     Skip(in, 3);
     ReadTables(in);
-    Skip(in, 2);
+    Skip(in, 1);   // the separator
 
     // Fixed rows go by place; their names are not looked at.
     std::string line;
@@ -553,9 +541,10 @@ void xEMFDesc::ReadOlder(std::istream& in)
     Skip(in, 1);
     ReadTables(in);
 
-    // The end of the file may come behind the tables.
+    // The end of the file may come behind the tables, whose last row's line
+    // has been taken; next stand the Geosoft prompt and flag.
     if (!in.fail()) {
-        Skip(in, 2);
+        Skip(in, 1);
         if (!in.fail()) {
             xExtract::Short(in, geosoft);
         } else {

@@ -2,6 +2,7 @@
 
 #include "frame/xDoc.h"
 #include "gui/xPlatform.h"
+#include "model/xDscText.h"
 #include "model/xTROrientation.h"
 #include "numeric/xExtract.h"
 
@@ -29,12 +30,11 @@ const std::string& NamesLine()
 
 void WriteCounts(std::ostream& out, const xTRClasf& clasf, int from)
 {
-    char line[16 * kOrientationCodeCount + 2];
-    int used = 0;
+    std::string line;
     for (int code = from; code <= kLastOrientationCode; ++code)
-        used += std::snprintf(line + used, sizeof line - used, "%6d", static_cast<int>(clasf[code]));
-    line[used++] = '\n';
-    out.write(line, used);
+        xDscText::AppendInt(line, clasf[code], 6);
+    line += '\n';
+    out.write(line.data(), static_cast<std::streamsize>(line.size()));
 }
 
 void ReadCounts(std::istream& in, xTRClasf& clasf, int from)
