@@ -344,11 +344,16 @@ std::vector<std::string> xEMFDesc::UserItemsWithoutZAsl() const
 
 namespace {
 
-// Compares two lists of equal length in step. A second list that ends first
-// has been changed under the walk.
+// Lists compared in step; one that is empty on either side passes, lists
+// of different lengths differ. A second list that ends first has been
+// changed under the walk.
 template <class T>
 bool SameInStep(const std::vector<T>& first, const std::vector<T>& second, const char* note)
 {
+    if (first.empty() || second.empty())
+        return true;
+    if (first.size() != second.size())
+        return false;
     for (size_t i = 0; i < first.size(); ++i) {
         if (i >= second.size()) {
             PostNote("%s", note);
@@ -384,20 +389,12 @@ bool xEMFDesc::operator==(const xEMFDesc& other) const
     }
     if (!(clasf == other.clasf) || geosoft != other.geosoft)
         return false;
-    if (userPositions.empty() || other.userPositions.empty())
-        return true;
-    if (userPositions.size() != other.userPositions.size())
-        return false;
     return SameInStep(userPositions, other.userPositions,
                       "xEMFDesc::operator==() - failed to recover orientation.");
 }
 
 bool xEMFDesc::HasSameTitles(const xEMFDesc& other) const
 {
-    if (userLabels.empty() || other.userLabels.empty())
-        return true;
-    if (userLabels.size() != other.userLabels.size())
-        return false;
     return SameInStep(userLabels, other.userLabels,
                       "xEMFDesc::HasSameTitles() - failed to recover orientation.");
 }
