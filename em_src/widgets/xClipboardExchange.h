@@ -13,7 +13,7 @@ class FloatMatrix;
 // is no number, and takes at most 4500 numbers. Cards carry these operations.
 class xClipboardExchange {
 public:
-    static const int kMaxItems = 4500;
+    static constexpr int kMaxItems = 4500;
 
     virtual ~xClipboardExchange() = default;
 

@@ -22,8 +22,8 @@ class xEditBox : public xCommandView {
 public:
     enum Type { kText = 0, kLong = 1, kFloat = 2 };
     enum Command { kFocusIn = 9980, kReturn = 9982, kFocusOut = 9986 };
-    static const int kFieldHeight = 23;
-    static const int kDefaultFieldWidth = 90;
+    static constexpr int kFieldHeight = 23;
+    static constexpr int kDefaultFieldWidth = 90;
     // The picture of a valid number: # a digit, [] optional, () a choice. Kept
     // for a typing check that no field applies yet.
     static const char* const kValidationPattern;

@@ -13,7 +13,7 @@ class QCheckBox;
 class xFlagEditBox : public xEditBox {
 public:
     enum Command { kChecked = 9984, kCleared = 9985, kCheckedEvent = 10028, kClearedEvent = 10029 };
-    static const int kFlagWidth = 23;
+    static constexpr int kFlagWidth = 23;
 
     xFlagEditBox(QWidget* parent, const QRect& frame, int fieldWidth, long value,
                  const std::string& label, bool checked, const std::string& format = std::string());

@@ -11,7 +11,7 @@ class xGridEdView;
 // capacity is never below the matrix.
 class xGridEdViewWin : public xModalEdWin {
 public:
-    static const int kGridId = 3456;
+    static constexpr int kGridId = 3456;
 
     xGridEdViewWin(QWidget* parent, const std::string& title, QPoint centre = QPoint(-1, -1));
     void SetVisibleSize(int rows, int columns);

@@ -19,8 +19,8 @@ class QPushButton;
 class xModalEdWin : public QDialog, public xCommandTarget {
 public:
     enum Command { kOk = 1, kCancel = 2 };
-    static const int kMargin = 10;
-    static const int kButtonRow = 40;
+    static constexpr int kMargin = 10;
+    static constexpr int kButtonRow = 40;
 
     // A null parent or a centre of (-1, -1) centres on the parent's window,
     // or on the screen.

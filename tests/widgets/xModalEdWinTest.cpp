@@ -124,7 +124,7 @@ TEST(ModalWindows, GridWindowStoresTheCellBeingTyped)
     window.SetCapacity(3, 1);
     window.SetVisibleSize(3, 1);
     window.SetUpUserItem(&weights);
-    EXPECT_EQ(window.View()->GetId(), 3456);
+    EXPECT_EQ(window.View()->GetId(), xGridEdViewWin::kGridId);
     RunWith(window, [](xGridEdViewWin& w) {
         xEditField* field = w.View()->EditField();
         field->setFocus();
