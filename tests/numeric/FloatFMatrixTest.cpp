@@ -1,0 +1,202 @@
+#include "numeric/FloatFMatrix.h"
+
+#include "frame/xDoc.h"
+
+#include "NumericTestKit.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <unistd.h>
+
+namespace {
+
+std::string FileBytes(const std::string& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    std::stringstream bytes;
+    bytes << in.rdbuf();
+    return bytes.str();
+}
+
+template <class T>
+T At(const std::string& bytes, size_t offset)
+{
+    T value;
+    std::memcpy(&value, bytes.data() + offset, sizeof value);
+    return value;
+}
+
+// Every element (r, c) of the table set to 10 r + c, through row access.
+void Number(FloatFMatrix& m)
+{
+    for (int r = m.TotalLower(); r <= m.TotalUpper(); ++r)
+        for (int c = m.ColLower(); c <= m.ColUpper(); ++c)
+            m.Row(r)[c] = static_cast<float>(10 * r + c);
+}
+
+// A recording platform whose file removal fails.
+class StickyFilePlatform : public xRecordingPlatform {
+public:
+    bool RemoveFile(const std::string&) override { return false; }
+};
+
+}  // namespace
+
+TEST(FloatFMatrix, TemporaryFileHoldsHeaderAndRowsAndGoesAtTheEnd)
+{
+    std::string path;
+    {
+        FloatFMatrix m(3, 7, 2, nullptr);
+        path = m.FileName();
+        EXPECT_TRUE(m.IsTemporary());
+        EXPECT_EQ(m.BlockCount(), 3);
+        EXPECT_EQ(m.Rows(), 3);
+        Number(m);
+        EXPECT_EQ(m.RowLower(), 4);   // row 6 centred as far as the end allows
+        m.Sync();
+        std::string bytes = FileBytes(path);
+        ASSERT_EQ(bytes.size(), 16u + 7 * 2 * 4);
+        EXPECT_EQ(At<int32_t>(bytes, 0), 0);
+        EXPECT_EQ(At<int32_t>(bytes, 4), 6);
+        EXPECT_EQ(At<int32_t>(bytes, 8), 0);
+        EXPECT_EQ(At<int32_t>(bytes, 12), 1);
+        for (int r = 0; r < 7; ++r)
+            EXPECT_EQ(At<float>(bytes, 16 + r * 8 + 4), 10 * r + 1);
+        EXPECT_EQ(m.Row(1)[0], 10);
+        EXPECT_EQ(m.RowLower(), 0);
+    }
+    EXPECT_NE(access(path.c_str(), F_OK), 0);
+}
+
+TEST(FloatFMatrix, BlockWalkVisitsEveryBlockOnce)
+{
+    FloatFMatrix m(1, 5, 1, nullptr);   // one row per block is raised to two
+    EXPECT_EQ(m.BlockRows(), 2);
+    EXPECT_EQ(m.BlockCount(), 3);
+    Number(m);
+    m.RewindBlocks();
+    std::vector<int> firstRows;
+    float sum = 0;
+    while (m.NextBlock()) {
+        firstRows.push_back(m.RowLower());
+        sum += m.ColSum(0);
+    }
+    EXPECT_EQ(firstRows, (std::vector<int>{0, 2, 4}));
+    EXPECT_EQ(sum, 100);
+    EXPECT_FALSE(m.NextBlock());
+    const float ignored = 20;
+    EXPECT_EQ(m.Min(), 0);
+    EXPECT_EQ(m.Max(&ignored), 40);
+    EXPECT_EQ(m.ColMin(0, nullptr), 0);
+    EXPECT_EQ(m.ColRangeMax(0, 0, nullptr), 40);
+}
+
+TEST(FloatFMatrix, ConstAccessDoesNotWriteTheWindowBack)
+{
+    FloatFMatrix m(2, 6, 1, nullptr);
+    m.Row(0)[0] = 5;
+    const FloatFMatrix& view = m;
+    EXPECT_EQ(view.Row(5)[0], 0);
+    EXPECT_EQ(view.Row(0)[0], 0);   // the change never reached the file
+    m.Row(0)[0] = 5;
+    EXPECT_EQ(m.Row(5)[0], 0);
+    EXPECT_EQ(view.Row(0)[0], 5);
+}
+
+TEST(FloatFMatrix, NamedFileIsReadBackThroughAttach)
+{
+    char dir[] = "/tmp/tolvad-fmXXXXXX";
+    ASSERT_NE(mkdtemp(dir), nullptr);
+    std::string path = std::string(dir) + "/table.bin";
+    {
+        xDoc doc;
+        doc.SetFilePath(path);
+        ASSERT_TRUE(doc.OpenForWrite(nullptr));
+        doc.WriteBytes("prefix..", 8);
+        FloatFMatrix m(&doc, 10, 4, 3);
+        EXPECT_EQ(m.BlockRows(), 4);
+        EXPECT_EQ(m.FileOffset(), 8);
+        Number(m);
+        float seven = 7;
+        m.FillRow(2, &seven);
+        m.AppendRow(nullptr);
+        FloatArray last = MakeArray<FloatArray>(0, {1.0f, 2.0f, 3.0f});
+        m.AppendRow(&last);
+        EXPECT_EQ(m.TotalRows(), 6);
+        EXPECT_EQ(m.BlockCount(), 2);
+        m.Sync();
+
+        FloatFMatrix back(&doc);
+        back.Attach(8, 0, 0, 0);
+        EXPECT_EQ(back.TotalUpper(), 5);
+        EXPECT_EQ(back.Row(0)[2], 2);
+        EXPECT_EQ(back.Row(2)[1], 7);
+        EXPECT_EQ(back.Row(4)[0], 0);
+        EXPECT_EQ(back.Row(5)[2], 3);
+    }
+    {
+        FloatFMatrix named(2, 3, 2, path.c_str());
+        EXPECT_FALSE(named.IsTemporary());
+        float half = 0.5f;
+        named.Fill(&half);
+        named.Sync();
+        FloatFMatrix copy(named);
+        EXPECT_TRUE(copy.IsTemporary());
+        EXPECT_EQ(copy.Row(2)[1], 0.5f);
+        EXPECT_EQ(copy.Max(), 0.5f);
+    }
+    std::string bytes = FileBytes(path);
+    ASSERT_EQ(bytes.size(), 16u + 3 * 2 * 4);
+    EXPECT_EQ(At<float>(bytes, 16 + 2 * 8 + 4), 0.5f);
+    std::remove(path.c_str());
+    rmdir(dir);
+}
+
+TEST(FloatFMatrix, RefusalsAndRangeFaults)
+{
+    StickyFilePlatform platform;
+    std::vector<std::string> paths;
+    {
+        FloatFMatrix m(2, 6, 2, nullptr);
+        FloatFMatrix other(2, 2, 2, nullptr);
+        m.Row(1)[1] = 3;
+        m = other;
+        EXPECT_EQ(m.TotalRows(), 6);
+        EXPECT_EQ(platform.Texts(xPlatform::kError),
+                  std::vector<std::string>{"FloatFMatrix: operator= called - Not implemented!"});
+        EXPECT_EQ(m.Element(1, 1), &m.Row(1)[1]);
+        EXPECT_EQ(m.RowOrNull(6), nullptr);
+        EXPECT_EQ(FatalText([&] { m.CheckCol(2); }), "FloatFMatrix: Column index out of range!");
+        EXPECT_EQ(FatalText([&] { m.Row(6); }), "FloatFMatrix: Row index out of range!");
+        m.Row(4);
+        // The address ignores the window's first row: row 4 would lie beyond it.
+        EXPECT_EQ(FatalText([&] { m.Element(4, 0); }), "FloatFMatrix: Row index out of range!");
+        EXPECT_EQ(m.Element(1, 0), &m.Row(4)[0]);
+        paths = {m.FileName(), other.FileName()};
+        platform.Clear();
+    }
+    EXPECT_EQ(platform.Transcript(), "warning: FloatFMatrix: Unable to delete temporary file!\n"
+                                     "warning: FloatFMatrix: Unable to delete temporary file!\n");
+    for (const std::string& path : paths)
+        std::remove(path.c_str());
+}
+
+TEST(FloatFMatrix, DumpWritesEveryRowToTheConsole)
+{
+    FloatFMatrix m(2, 3, 2, nullptr);
+    Number(m);
+    std::ostringstream console;
+    std::streambuf* old = std::cout.rdbuf(console.rdbuf());
+    m.Dump();
+    std::cout.rdbuf(old);
+    const std::string banner = "=========================FloatFMatrix===========================";
+    EXPECT_EQ(console.str(), "\n" + banner + "\n" +
+                                 "\n[0]              0             1"
+                                 "\n[1]             10            11"
+                                 "\n[2]             20            21"
+                                 "\n\n" + banner + "\n\n");
+}
