@@ -3,6 +3,8 @@
 #   ./tolvad.sh run    install what is missing, build, open the editor on a bundled example
 #                      (with no display: the command-line tool summarises it)
 #   ./tolvad.sh test   install what is missing, build everything, run the whole test suite
+#   ./tolvad.sh fuzz   build the libFuzzer target with clang (build-fuzz) and run it briefly
+#                      on the examples (TOLVAD_FUZZ_SECONDS, default 20)
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -48,8 +50,19 @@ case "${1:-}" in
     cd "$BUILD"
     QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$(nproc)"
     ;;
+  fuzz)
+    install_missing
+    BUILD=${TOLVAD_FUZZ_BUILD_DIR:-build-fuzz}
+    CXX=clang++ CC=clang configure_and_build -DTOLVAD_FUZZ=ON -DTOLVAD_GUI=OFF \
+      -DTOLVAD_TESTS=OFF -DTOLVAD_BENCH=OFF
+    corpus=$(mktemp -d)
+    trap 'rm -rf "$corpus"' EXIT
+    cp examples/*.DSC "$corpus"/
+    "$BUILD/fuzz/tolvad_fuzz_desc" -max_total_time="${TOLVAD_FUZZ_SECONDS:-20}" \
+      -rss_limit_mb=2048 -timeout=10 "$corpus"
+    ;;
   *)
-    echo "usage: $0 run|test" >&2
+    echo "usage: $0 run|test|fuzz" >&2
     exit 64
     ;;
 esac

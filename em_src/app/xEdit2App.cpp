@@ -3,6 +3,7 @@
 #include "frame/xFileDialog.h"
 #include "gui/xMenuBar.h"
 #include "gui/xPlatform.h"
+#include "model/xEMDesc.h"
 
 #include <algorithm>
 #include <new>
@@ -210,10 +211,8 @@ void xEdit2App::DestroyAllDocuments()
 
 std::unique_ptr<xDoc> xEdit2App::MakeDocument()
 {
-    auto doc = std::make_unique<xDoc>();
-    doc->fileKind = 0;
-    doc->SetFileName("untitled.DSC");
-    return doc;
+    // A new descriptor names itself "untitled.DSC" and is an ASCII file.
+    return std::make_unique<xEMDesc>();
 }
 
 bool xEdit2App::RunStartDialog(long& command)

@@ -81,7 +81,7 @@ public:
     bool HasEnded() const { return ended; }
 
 protected:
-    // The document class the application creates: an ASCII descriptor file.
+    // The document class the application creates: a descriptor (xEMDesc).
     virtual std::unique_ptr<xDoc> MakeDocument();
     // Start dialog: true on OK with the command of the choice (32001 new,
     // 32002 open); without a screen the first choice is taken.

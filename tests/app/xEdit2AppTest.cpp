@@ -2,13 +2,25 @@
 
 #include "gui/xRecordingMenuBar.h"
 #include "gui/xRecordingPlatform.h"
+#include "model/xEMDesc.h"
 #include "tests/xTempDirectory.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <sstream>
 
 namespace {
+
+// What a new descriptor saves: the documents are descriptors, and a file they
+// read without a word has to be one.
+std::string NewDescriptorText()
+{
+    xEMDesc fresh;
+    std::ostringstream out;
+    fresh.WriteTo(out);
+    return out.str();
+}
 
 class AppTest : public ::testing::Test {
 protected:
@@ -37,7 +49,7 @@ protected:
 TEST_F(AppTest, StartNameAcceptsTheExtensionInAnyCaseAndAnyFirstCharacter)
 {
     for (const char* name : {"survey.dsc", "SURVEY.DSC", "survey.Dsc", "surveyxdsc"}) {
-        xTempDirectory::Write(dir / name, "text\n");
+        xTempDirectory::Write(dir / name, NewDescriptorText());
         xEdit2App app;
         ASSERT_EQ(Start(app, {name}), 1u) << name;
         EXPECT_EQ(app.Document(0)->GetFullPath(), dir / name);
@@ -56,7 +68,7 @@ TEST_F(AppTest, StartNameAcceptsTheExtensionInAnyCaseAndAnyFirstCharacter)
 
 TEST_F(AppTest, StartNamesJoinWithOneBlankAndEndSilentlyOnNoFile)
 {
-    xTempDirectory::Write(dir / "my survey.DSC", "");
+    xTempDirectory::Write(dir / "my survey.DSC", NewDescriptorText());
     xEdit2App joined;
     ASSERT_EQ(Start(joined, {"my", "survey.DSC"}), 1u);
     EXPECT_EQ(joined.Document(0)->GetFileName(), "my survey.DSC");
@@ -141,7 +153,7 @@ TEST_F(AppTest, MenuCommandsGoDownFromDocumentToApplication)
 
     app.RouteMenuCommand(xDoc::kSave, saved);     // the document's Save
     EXPECT_FALSE(saved->IsChanged());
-    EXPECT_EQ(xTempDirectory::Read(dir / "s.DSC"), "");
+    EXPECT_EQ(xTempDirectory::Read(dir / "s.DSC"), NewDescriptorText());
 
     app.RouteMenuCommand(xDoc::kClose, app.Document(1));   // closes that one alone
     EXPECT_EQ(app.DocumentCount(), 1u);

@@ -1,0 +1,324 @@
+#include "gui/xRecordingPlatform.h"
+#include "model/xEMDesc.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <sstream>
+
+namespace {
+
+const std::string kExamples = TOLVAD_EXAMPLES_DIR;
+
+std::string Example(const std::string& name)
+{
+    std::ifstream in(kExamples + "/" + name, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+std::string Replaced(std::string text, const std::string& from, const std::string& to)
+{
+    size_t at = 0;
+    while ((at = text.find(from, at)) != std::string::npos) {
+        text.replace(at, from.size(), to);
+        at += to.size();
+    }
+    return text;
+}
+
+class EMDesc : public ::testing::Test {
+protected:
+    void Read(const std::string& text)
+    {
+        std::istringstream in(text);
+        desc.ReadFrom(in);
+    }
+    std::string Written()
+    {
+        std::ostringstream out;
+        desc.WriteTo(out);
+        return out.str();
+    }
+    // A new descriptor as it stands in a file once saved and opened again
+    // (reading sets the header's half period from the real one).
+    std::string NewText()
+    {
+        xEMDesc fresh;
+        std::ostringstream first, second;
+        fresh.WriteTo(first);
+        std::istringstream in(first.str());
+        fresh.ReadFrom(in);
+        fresh.WriteTo(second);
+        return second.str();
+    }
+
+    xRecordingPlatform platform;
+    xEMDesc desc;
+};
+
+// A version 5 file: one record of each kind for the orientations TzRx and TzRz,
+// whose position columns name them.
+const char kVersion5[] =
+    "FILE FORMAT VERSION\n5\nSYSTEM NAME\nold GEOTEM-like system\nVERSION\n1\nDEFINED BY\nme\n"
+    "DATE DEFINED\n1995\nTIME SCALING\n2  2   [mSec]\nWAVEFORM TYPE\ntransient\n2   [mSec]\n"
+    "WAVEFORM NORMALIZED BY\ncomponent\n____\nTRANSMITTER CURRENT WAVEFORM\nundefined\n____\n"
+    "RECEIVER PRIMARY FIELD\nundefined\n____\nRECEIVER SAMPLING\n2\n START END WEIGHT\n"
+    "1 2 0.5\n2 3 0.25\n____\nTRANSMITTER GEOMETRY\nmoving large loop\nz\n4\n5 5 0\n-5 5 0\n"
+    "-5 -5 0\n5 -5 0\nXYZ POSITION:\n0 0 0\n____\nRECEIVER GEOMETRY\nmoving dipole\nx\n1 0 0\n"
+    "z\n0 0 1\nXYZ POSITION:\n10 0 5\n____\nDATA FORMAT\nSample file name (if available)\n\n"
+    "comments\n0\nitems\n9\nline\n1\nFID\n2\nxyz\n3 4 5\naltitude\n0\n"
+    "POSITION (INDEX) OF CHANNELS IN EACH DATA RECORD\nchannel ????...\n"
+    "1 0 0 0 0 0 0 0 6 0 8\n2 0 0 0 0 0 0 0 7 0 9\n";
+
+TEST_F(EMDesc, ANewDescriptorHasTzRzAloneAndWritesBackByteForByte)
+{
+    ASSERT_EQ(desc.items.size(), 1u);
+    ASSERT_EQ(desc.items.count("TzRz"), 1u);
+    EXPECT_EQ(desc.current, 109);
+    EXPECT_EQ(desc.system, &desc.items["TzRz"]->system);
+    EXPECT_EQ(desc.system->header, desc.header.get());
+    EXPECT_EQ(desc.GetFileName(), "untitled.DSC");
+    EXPECT_EQ(desc.GetFileType(), "DSC");
+    EXPECT_EQ(desc.fileKind, 0);
+    EXPECT_EQ(desc.systemKind, 4);
+
+    const std::string text = NewText();
+    EXPECT_EQ(Written().rfind("FILE FORMAT VERSION\n9\n", 0), 0u);
+    EXPECT_NE(text.find("\n                         ++++++++\n                         + TzRz +\n"
+                        "                         ++++++++\n"),
+              std::string::npos);
+    Read(text);
+    EXPECT_EQ(Written(), text);
+    EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
+}
+
+TEST_F(EMDesc, Version9FilesWriteBackByteForByteWhateverTheirLineEndsAndLabels)
+{
+    for (const char* name : {"survey-time-domain.DSC", "survey-frequency-domain.DSC"}) {
+        const std::string text = Example(name);
+        const std::string variants[] = {
+            text, Replaced(text, "\n", "\r\n"), Replaced(text, "\n", "\r"),
+            Replaced(Replaced(Replaced(text, "SYSTEM NAME\n", "SYSTEM NAME: anything\n"),
+                              "_\n", "_ ignored\n"),
+                     "\n    10\n", "\n    10 windows\n")};
+        for (const std::string& variant : variants) {
+            Read(variant);
+            EXPECT_EQ(Written(), text) << name;
+        }
+    }
+    EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
+}
+
+TEST_F(EMDesc, AVersion8FileIsWrittenAsVersion9)
+{
+    const std::string text = Example("survey-time-domain.DSC");
+    Read(Replaced(text, "VERSION\n9\n", "VERSION\n8\n"));
+    EXPECT_EQ(desc.FileVersion(), 8);
+    // Version 8 held the receiver's absolute position, so nothing moves.
+    EXPECT_EQ(Written(), text);
+}
+
+TEST_F(EMDesc, Version5GivesOneItemPerPositionedOrientation)
+{
+    Read(kVersion5);
+    ASSERT_EQ(desc.items.size(), 2u);
+    EXPECT_EQ(desc.current, 107);
+    const xEMDescItem& tzrx = *desc.items.at("TzRx");
+    const xEMDescItem& tzrz = *desc.items.at("TzRz");
+    EXPECT_TRUE(tzrx.geometry.rx.HasComponent(1));
+    EXPECT_FALSE(tzrx.geometry.rx.HasComponent(3));
+    EXPECT_TRUE(tzrz.geometry.rx.HasComponent(3));
+    EXPECT_FALSE(tzrz.geometry.rx.HasComponent(1));
+    // The oldest files stored the offset; it becomes a position behind the transmitter.
+    EXPECT_FLOAT_EQ(tzrz.geometry.rx.x, -10.0f);
+    EXPECT_FLOAT_EQ(tzrz.geometry.rx.z, -5.0f);
+    EXPECT_FLOAT_EQ(tzrz.system.weights[2], 0.25f);
+    EXPECT_EQ(desc.format->clasf[107], 2);
+    EXPECT_EQ(desc.format->clasf[109], 2);
+    // Only the later layouts look at the system's name.
+    EXPECT_EQ(desc.systemKind, 4);
+    std::vector<std::string> labels;
+    desc.UserItemLabels(labels);
+    EXPECT_TRUE(labels.empty());
+    EXPECT_EQ(desc.ZAslPosition(), 0);
+}
+
+TEST_F(EMDesc, UnknownVersionsReadAsVersion5AfterANote)
+{
+    Read(Replaced(kVersion5, "VERSION\n5\n", "VERSION\n4\n"));
+    EXPECT_EQ(platform.Texts(xPlatform::kNote),
+              std::vector<std::string>{"Unknown version of EM descriptor (version 4). Conversion to "
+                                       "version 8 is not guaranteed."});
+    ASSERT_EQ(desc.items.size(), 2u);
+    // Before version 5 the sampling rows had no weights.
+    EXPECT_FLOAT_EQ(desc.items.at("TzRz")->system.weights[1], 1.0f);
+}
+
+TEST_F(EMDesc, Version6ReadsNothingAndWritesANewDescriptor)
+{
+    Read("FILE FORMAT VERSION\n6\nwhatever\n");
+    EXPECT_EQ(platform.Texts(xPlatform::kNote),
+              std::vector<std::string>{"Currently unsupported version of EM descriptor (version 6)"});
+    EXPECT_TRUE(desc.items.empty());
+    EXPECT_EQ(desc.current, 100);
+    EXPECT_EQ(desc.Channels(109), 0);
+    EXPECT_EQ(desc.Geometry(109), nullptr);
+    xEMDesc fresh;
+    std::ostringstream out;
+    fresh.WriteTo(out);
+    EXPECT_EQ(Written(), out.str());
+}
+
+TEST_F(EMDesc, Version7MergesItsBlocksAndKeepsTheReceiverAsWritten)
+{
+    Read(Example("survey-version7.DSC"));
+    ASSERT_EQ(desc.items.size(), 2u);
+    EXPECT_EQ(desc.current, 107);
+    EXPECT_EQ(desc.systemKind, 0);
+    EXPECT_EQ(desc.format->clasf[107], 6);
+    EXPECT_EQ(desc.format->clasf[109], 6);
+    EXPECT_FLOAT_EQ(*desc.format->channelPos.Element(109, 1), 7.0f);
+    EXPECT_FLOAT_EQ(*desc.format->channelPos.Element(107, 6), 18.0f);
+    EXPECT_FLOAT_EQ(desc.items.at("TzRz")->geometry.rx.x, -110.0f);
+    EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
+}
+
+TEST_F(EMDesc, StreamFailuresAreFatal)
+{
+    // The older format record forgives a failure up to its user items.
+    const std::string v7 = Example("survey-version7.DSC");
+    Read(v7.substr(0, v7.find("3 4 5")));
+    EXPECT_TRUE(platform.Texts(xPlatform::kFatal).empty());
+    EXPECT_THROW(Read(Replaced(v7, "User Defined Items\n1\n", "User Defined Items\none\n")),
+                 xFatalExitError);
+    std::string v9 = Example("survey-time-domain.DSC");
+    EXPECT_THROW(Read(v9.substr(0, v9.find("POSITION (INDEX)"))), xFatalExitError);
+    std::ostream broken(nullptr);
+    EXPECT_THROW(desc.WriteTo(broken), xFatalExitError);
+    EXPECT_EQ(platform.Texts(xPlatform::kFatal),
+              (std::vector<std::string>{"xEMDesc::Read()  Error reading format descriptor.",
+                                        "xEMDesc::Read()  Error reading EM system descriptor.",
+                                        "xEMDesc::Write()  Error writing EM system descriptor."}));
+}
+
+TEST_F(EMDesc, TheCountsLineDecidesTheBlocksAndTheBlocksTheirCounts)
+{
+    const std::string text = NewText();
+    // A banner that names no orientation: the item has code 100 and becomes
+    // current; TzRz, counted but without an item, is written from it.
+    Read(Replaced(text, "+ TzRz +", "+ ZZZZ +"));
+    ASSERT_EQ(desc.items.count(""), 1u);
+    EXPECT_EQ(desc.current, 100);
+    EXPECT_EQ(Written(), text);
+
+    Read(Replaced(text, "     0     1\n", "     0     5\n"));
+    EXPECT_EQ(desc.format->clasf[109], 1);
+
+    const size_t blockStart = text.find("                         ++++++++");
+    const std::string noBlocks = Replaced(text.substr(0, blockStart), "     0     1\n",
+                                          "     0     0\n") +
+                                 text.substr(text.find("DATA FORMAT"));
+    Read(noBlocks);
+    EXPECT_TRUE(desc.items.empty());
+    EXPECT_TRUE(platform.Texts(xPlatform::kFatal).empty());
+}
+
+TEST_F(EMDesc, ReadSelectsTheLowestOrientationAndWriteLeavesTheHighest)
+{
+    Read(Example("survey-time-domain.DSC"));
+    EXPECT_EQ(desc.current, 107);
+    Written();
+    EXPECT_EQ(desc.current, 109);
+
+    // In shared mode the current records serve every block; the one geometry
+    // is adjusted to each orientation in turn.
+    desc.SetCurrent(108);
+    *desc.system->windows.Element(1, 0) = 4.0625f;
+    auto count = [](const std::string& text) {
+        size_t n = 0;
+        for (size_t at = text.find(" 4.0625 "); at != std::string::npos;
+             at = text.find(" 4.0625 ", at + 1))
+            ++n;
+        return n;
+    };
+    EXPECT_EQ(count(Written()), 1u);
+    desc.SetCurrent(108);
+    desc.sharedMode = true;
+    EXPECT_EQ(count(Written()), 3u);
+    EXPECT_EQ(desc.current, 108);
+    EXPECT_TRUE(desc.geometry->rx.HasComponent(3));
+}
+
+TEST_F(EMDesc, SystemKindFollowsTheLastWordFound)
+{
+    const std::string text = NewText();
+    const std::pair<const char*, int> names[] = {
+        {"my GeoTem and SPECTREM", 2}, {"QUESTEM geotem", 3}, {"plain", 0}};
+    for (const auto& name : names) {
+        Read(Replaced(text, "SYSTEM NAME\n\n", std::string("SYSTEM NAME\n") + name.first + "\n"));
+        EXPECT_EQ(desc.systemKind, name.second) << name.first;
+    }
+}
+
+TEST_F(EMDesc, QueriesMoveTheCurrentOrientation)
+{
+    Read(Example("survey-time-domain.DSC"));
+    EXPECT_EQ(desc.Channels(108), 10);
+    EXPECT_EQ(desc.current, 108);
+    EXPECT_EQ(desc.Channels(101), 0);
+    EXPECT_EQ(desc.current, 108);
+    float position[3] = {1, 1, 1};
+    EXPECT_FALSE(desc.RxPosition(position, 104));
+    EXPECT_FLOAT_EQ(position[0], 1.0f);
+    ASSERT_TRUE(desc.RxPosition(position, 107));
+    EXPECT_FLOAT_EQ(position[0], -120.0f);
+    EXPECT_DOUBLE_EQ(desc.HorizontalSeparation(109), 120.0);
+    FloatMatrix seconds;
+    ASSERT_TRUE(desc.ScaledSamplingWindows(seconds, 109));
+    EXPECT_FLOAT_EQ(*seconds.Element(0, 1), 0.00405f);
+    EXPECT_EQ(desc.ChannelClasf()[109], 10);
+    EXPECT_EQ(desc.CouplingSign(109), -1.0f);
+
+    float horizontal = 0, vertical = 0;
+    int zero = 7;
+    desc.AverageSeparation(3, horizontal, zero, vertical);
+    EXPECT_FLOAT_EQ(horizontal, 120.0f);
+    EXPECT_FLOAT_EQ(vertical, 55.0f);
+    EXPECT_EQ(zero, 0);
+    desc.AverageSeparation(1, horizontal, zero, vertical);
+    EXPECT_TRUE(std::isnan(horizontal));
+}
+
+TEST_F(EMDesc, WholeDescriptorQueriesOfAFrequencyDomainSystem)
+{
+    Read(Example("survey-frequency-domain.DSC"));
+    xTRClasf channels = desc.ChannelClasf();
+    EXPECT_EQ(channels[101], 4);
+    EXPECT_EQ(channels[109], 6);
+    xTRClasf items = desc.ItemClasf();
+    EXPECT_EQ(items[101], 2);
+    EXPECT_EQ(items[105], 0);
+    EXPECT_EQ(desc.MaxChannels(109), 2);
+    EXPECT_EQ(desc.MaxChannels(100), 3);
+    std::vector<std::string> labels;
+    std::vector<int32_t> positions;
+    desc.UserItemLabels(labels);
+    desc.UserItemPositions(positions);
+    EXPECT_EQ(labels, std::vector<std::string>{"z(ASL)"});
+    EXPECT_EQ(positions, std::vector<int32_t>{17});
+    EXPECT_EQ(desc.CouplingSign(100), 0.0f);
+    EXPECT_EQ(desc.CouplingSign(106), -1.0f);
+    EXPECT_EQ(desc.CouplingSign(109), 1.0f);
+
+    xEMDesc copy;
+    copy = desc;
+    EXPECT_EQ(copy.header->systemName, desc.header->systemName);
+    EXPECT_EQ(copy.items.size(), 1u);
+    EXPECT_EQ(copy.items.at("TzRz")->system.frequencies.Rows(), desc.system->frequencies.Rows());
+    EXPECT_EQ(copy.system->header, copy.header.get());
+}
+
+} // namespace
