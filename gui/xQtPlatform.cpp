@@ -1,5 +1,8 @@
 #include "gui/xQtPlatform.h"
 
+#include <cstdio>
+#include <cstdlib>
+
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
@@ -56,7 +59,10 @@ void xQtPlatform::FatalExit(const std::string& text)
     Show(dialogParent, QMessageBox::Critical, "Fatal error", text);
     if (fatalHook)
         fatalHook();
-    std::exit(2);
+    // End at once: after a fatal fault the widgets and the model may be in any
+    // state, so no destructor or exit handler of them should run.
+    std::fflush(nullptr);
+    std::_Exit(2);
 }
 
 int xQtPlatform::Ask(const std::string& first, const std::string& second, const std::string& third,
