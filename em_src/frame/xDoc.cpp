@@ -253,6 +253,10 @@ bool xDoc::OpenForWrite(const xFileSpec* spec)
     // The other name chosen after "No" is open already.
     if (IsAttached())
         return StreamGood();
+    // Nothing is ever written through a document opened read-only, so the
+    // file it is pointed at keeps its bytes.
+    if (readOnly)
+        mode &= ~std::ios::trunc;
     // Writing creates a missing file; in|out alone would refuse.
     if (!FileExists())
         mode |= std::ios::trunc;
@@ -296,7 +300,9 @@ bool xDoc::Load()
 {
     if (!IsAttached())
         OpenForRead();
-    if (!inStream || !inStream->good())
+    // Streams left from an earlier Load stay good over the closed buffer; a
+    // file that could not be opened again must not reach Read through them.
+    if (!IsAttached() || !inStream || !inStream->good())
         return false;
     inStream->seekg(0);
     Read();
@@ -446,7 +452,9 @@ void xDoc::ResetStream()
 {
     if (!IsAttached())
         OpenForRead();
-    if (!StreamGood())
+    // A stream that read past the end or failed on a number is what a reset
+    // is for; only a file that is not open is beyond it.
+    if (!IsAttached() || !inStream)
         PostFatalExit("xDoc::Attempt to reset unattached stream for output.");
     inStream->clear();
     inStream->seekg(0);

@@ -62,6 +62,11 @@ public:
     }
     void Write() override { *outStream << content; }
     bool HasOutStream() const { return outStream != nullptr; }
+    void ReadPastTheEnd()
+    {
+        int number = 0;
+        *inStream >> number >> number;
+    }
 
     std::vector<std::string> lines;
     std::string content;
@@ -146,6 +151,11 @@ TEST_F(DocFile, LoadReadsEveryLineEndAndStoreTruncates)
     EXPECT_FALSE(doc.IsAttached());
     EXPECT_EQ(xTempDirectory::Read(dir / "a.DSC"), "x\n");
     EXPECT_FALSE(doc.GetCreationDate().empty());
+
+    // The file has gone since: the document stays as it was.
+    std::remove((dir / "a.DSC").c_str());
+    EXPECT_FALSE(doc.Load());
+    EXPECT_EQ(doc.lines, (std::vector<std::string>{"one", "two", "three", "last"}));
 }
 
 TEST_F(DocFile, ReadOnlyFileOpensForReadingAndRefusesWriting)
@@ -162,6 +172,13 @@ TEST_F(DocFile, ReadOnlyFileOpensForReadingAndRefusesWriting)
     EXPECT_EQ(platform.Texts(xPlatform::kWarning),
               std::vector<std::string>{"Attempt to write to read only file."});
     EXPECT_EQ(xTempDirectory::Read(dir / "ro.DSC"), "keep\n");
+
+    // It stays read-only under another name, and the file chosen keeps its bytes.
+    xTempDirectory::Write(dir / "other.DSC", "other\n");
+    platform.ChooseNext(2, dir / "other.DSC");
+    EXPECT_FALSE(doc.DoSaveAs());
+    EXPECT_EQ(platform.Texts(xPlatform::kWarning).size(), 2u);
+    EXPECT_EQ(xTempDirectory::Read(dir / "other.DSC"), "other\n");
 }
 
 TEST_F(DocFile, FileSizeKeepsTheBufferOpenAtTheStart)
@@ -229,22 +246,24 @@ TEST_F(DocFile, OverwriteQuestionAnswers)
     EXPECT_EQ(xTempDirectory::Read(path), "new");
 }
 
-TEST_F(DocFile, ResetStreamIsFatalWithoutAGoodStream)
+TEST_F(DocFile, ResetStreamRecoversAFailedStreamAndIsFatalWithoutAFile)
 {
-    xDoc doc;
+    xTempDirectory::Write(dir / "r.txt", "12");
+    LineDoc doc;
     doc.reportMissing = false;
-    doc.SetFilePath(dir / "r.bin");
-    EXPECT_THROW(doc.ResetStream(), xFatalExitError);
-    xTempDirectory::Write(dir / "r.bin", "abc");
+    ASSERT_TRUE(doc.OpenForRead(dir / "r.txt"));
+    doc.ReadPastTheEnd();
+    EXPECT_FALSE(doc.StreamGood());
     doc.ResetStream();
     EXPECT_TRUE(doc.StreamGood());
-    EXPECT_TRUE(doc.Load());
-    // Closed over a file that has gone: streams still good, the seek fails.
-    std::remove((dir / "r.bin").c_str());
+    EXPECT_EQ(doc.ReadLine(nullptr), 0);
+    EXPECT_EQ(doc.Tell(), 2);
+
+    doc.CloseFile();
+    std::remove((dir / "r.txt").c_str());
     EXPECT_THROW(doc.ResetStream(), xFatalExitError);
     EXPECT_EQ(platform.Texts(xPlatform::kFatal),
-              (std::vector<std::string>{"xDoc::Attempt to reset unattached stream for output.",
-                                        "xDoc::Attempt to reset stream failed."}));
+              std::vector<std::string>{"xDoc::Attempt to reset unattached stream for output."});
 }
 
 TEST_F(DocFile, ChangedFlagUpdatesMenusOnlyOnANewValue)
