@@ -3,6 +3,7 @@
 #include "gui/xPlatform.h"
 
 #include <algorithm>
+#include <cctype>
 
 xFileSpec::xFileSpec() : directory(Platform().StartupDirectory()), creator("????") {}
 
@@ -18,9 +19,24 @@ bool xFileSpec::SetDirectoryText(const std::string& text)
 {
     if (text.empty() || text.size() >= kMaxPath || text.find('\0') != std::string::npos)
         return false;
-    directory = text;
+    std::string path = text;
     // A directory stored on Windows names its separators with backslashes.
-    std::replace(directory.begin(), directory.end(), '\\', '/');
+    std::replace(path.begin(), path.end(), '\\', '/');
+    // A relative directory is taken from the current one now: opening a file
+    // makes its directory current, and from there the relative text would
+    // name another place. A drive letter stays as it was written.
+    bool drive = path.size() >= 2 && path[1] == ':' && std::isalpha(static_cast<unsigned char>(path[0]));
+    if (path[0] != '/' && !drive) {
+        std::string current = Platform().CurrentDirectory();
+        if (current.empty())
+            return false;
+        if (current.back() != '/')
+            current += '/';
+        path = current + path;
+        if (path.size() >= kMaxPath)
+            return false;
+    }
+    directory = path;
     return true;
 }
 

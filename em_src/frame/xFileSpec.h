@@ -24,8 +24,9 @@ struct xFileSpec {
 
     // The directory as a path text; false when it can't be converted.
     bool DirectoryText(std::string& text) const;
-    // Takes a path text as the directory; false (and no change) when it can't
-    // be converted: an empty text, an embedded null, or one too long for a path.
+    // Takes a path text as the directory, a relative one from the current
+    // directory; false (and no change) when it can't be converted: an empty
+    // text, an embedded null, or one too long for a path.
     bool SetDirectoryText(const std::string& text);
     // Directory text, the separator, the name; the name alone when the
     // directory can't be converted.

@@ -122,6 +122,16 @@ TEST_F(DocFile, PathsSplitAtTheLastSeparatorOfEitherKind)
     EXPECT_EQ(doc.GetFullPath(), "C:/old/B.DSC");
     doc.SetFilePath("bare.txt");
     EXPECT_EQ(doc.GetFullPath(), dir / "bare.txt");
+
+    // A relative directory is taken from where the name was given, so that
+    // opening, which makes the directory current, still finds the file.
+    mkdir((dir / "sub").c_str(), 0755);
+    xTempDirectory::Write(dir / "sub/r.txt", "r\n");
+    doc.SetFilePath("sub/r.txt");
+    EXPECT_EQ(doc.GetFullPath(), dir / "sub/r.txt");
+    EXPECT_TRUE(doc.OpenForRead());
+    EXPECT_TRUE(doc.OpenForRead("../sub/r.txt"));
+    EXPECT_EQ(doc.GetFullPath(), dir / "sub/../sub/r.txt");
 }
 
 TEST_F(DocFile, MissingFileWarnsOnlyWhenAskedTo)
