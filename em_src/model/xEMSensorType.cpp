@@ -394,5 +394,9 @@ std::ostream& operator<<(std::ostream& out, const xEMSensorType& sensor)
     text += "XYZ POSITION:\n";
     const float position[3] = {sensor.x, sensor.y, sensor.z};
     AppendPoint(text, position);
-    return out << text;
+    // The fields are right-justified, and the block ends by taking that flag
+    // off the stream, whatever the stream held before.
+    out << text;
+    out.unsetf(std::ios::right);
+    return out;
 }

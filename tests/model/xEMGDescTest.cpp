@@ -44,6 +44,11 @@ TEST(EMGDesc, DefaultRecordTextAndReadBack)
 {
     xEMGDesc geometry;
     EXPECT_EQ(Written(geometry), kDefaultText);
+    std::ostringstream right;
+    right.setf(std::ios::right, std::ios::adjustfield);
+    right << geometry;
+    EXPECT_EQ(right.str(), kDefaultText);
+    EXPECT_FALSE(right.flags() & std::ios::right);   // the blocks take the flag off
     xEMGDesc back = ReadGeometry(kDefaultText + "after\n", 9);
     EXPECT_EQ(back.tx.LoopMatrix(3)->RowLower(), 0);
     EXPECT_TRUE(back.rx.HasComponent(3));
