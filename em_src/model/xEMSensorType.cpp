@@ -53,7 +53,8 @@ xEMSensorType& xEMSensorType::operator=(const xEMSensorType& other)
         if (!other.HasComponent(i))
             continue;
         if (IsDipole()) {
-            float cosines[3];
+            // A component without a row of cosines copies as zeros.
+            float cosines[3] = {0.0f, 0.0f, 0.0f};
             other.GetDipoleCosines(i, cosines);
             SetDipoleCosines(i, cosines);
         } else {

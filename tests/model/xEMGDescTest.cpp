@@ -167,6 +167,16 @@ TEST(EMGDesc, DefaultLoopsAndArea)
     EXPECT_FALSE(copy == loop);
     copy.x = 0.0f;
     EXPECT_TRUE(copy == loop);
+
+    // A dipole copies cosines; a component with no row of them copies as zeros.
+    xEMSensorType dipole;
+    dipole.SetLoop(2, FloatMatrix(0, 3));
+    const xEMSensorType copied(dipole);
+    float cosines[3] = {7.0f, 7.0f, 7.0f};
+    ASSERT_TRUE(copied.GetDipoleCosines(2, cosines));
+    EXPECT_EQ(cosines[0], 0.0f);
+    EXPECT_EQ(cosines[1], 0.0f);
+    EXPECT_EQ(cosines[2], 0.0f);
 }
 
 TEST(EMGDesc, FieldsOfDipoleAndLoop)
