@@ -88,6 +88,11 @@ int32_t xTRClasf::At(int code) const
     return InRange(code) ? (*this)[code] : 0;
 }
 
+bool xTRClasf::IsSet(int code) const
+{
+    return At(code) != 0;
+}
+
 bool xTRClasf::NextSet(int& code)
 {
     while (cursor <= Upper()) {
@@ -115,7 +120,7 @@ int16_t xTRClasf::HasComponent(int component, bool receiver) const
         return 0;
     }
     for (int other = 1; other <= 3; ++other)
-        if (Contains(receiver ? CodeFromComponents(other, component) : CodeFromComponents(component, other)))
+        if (IsSet(receiver ? CodeFromComponents(other, component) : CodeFromComponents(component, other)))
             return 1;
     return 0;
 }
@@ -128,18 +133,18 @@ bool xTRClasf::Contains(int code) const
 int xTRClasf::OtherSet(int code) const
 {
     for (int other = kFirstReal; other <= kLastOrientationCode; ++other)
-        if (other != code && Contains(other))
+        if (other != code && IsSet(other))
             return other;
     return kFirstOrientationCode;
 }
 
 int xTRClasf::Ordinal(int code) const
 {
-    if (!Contains(code))
+    if (!IsSet(code))
         return -1;
     int below = 0;
     for (int other = kFirstReal; other < code; ++other)
-        if (Contains(other))
+        if (IsSet(other))
             ++below;
     return below;
 }
@@ -148,7 +153,7 @@ std::vector<std::string> xTRClasf::SetNames() const
 {
     std::vector<std::string> names;
     for (int code = kFirstReal; code <= kLastOrientationCode; ++code)
-        if (Contains(code))
+        if (IsSet(code))
             names.push_back(OrientationNames()[code - kFirstOrientationCode]);
     return names;
 }

@@ -38,7 +38,9 @@ public:
     // component 4 gives the low 16 bits of element 100 as they are.
     int16_t HasRxComponent(int component) const { return HasComponent(component, true); }
     int16_t HasTxComponent(int component) const { return HasComponent(component, false); }
-    // The low 16 bits of the count at a code, as a truth value.
+    // The low 16 bits of the count at a code, as a truth value. Only Contains
+    // and the walk built on it truncate; every other query counts an
+    // orientation as set when its count is non-zero, as Count does.
     bool Contains(int code) const;
     // The lowest set code in 101 to 109 other than code; 100 if none.
     int OtherSet(int code) const;
@@ -56,6 +58,7 @@ public:
 
 private:
     int32_t At(int code) const;
+    bool IsSet(int code) const;
     int16_t HasComponent(int component, bool receiver) const;
 };
 

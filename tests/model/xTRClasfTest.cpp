@@ -77,10 +77,17 @@ TEST(TRClasf, QueriesOverTheSetCodes)
     EXPECT_EQ(clasf.HasRxComponent(1), 0);
     EXPECT_EQ(clasf.HasTxComponent(2), 1);
     EXPECT_EQ(clasf.HasTxComponent(4), 0);
-    // Truth values are the low 16 bits of a count.
+    // Contains and the walk see the low 16 bits of a count; the other
+    // queries see any non-zero count as set, as Count does.
     clasf[107] = 65536;
     EXPECT_FALSE(clasf.Contains(107));
     EXPECT_EQ(clasf.Count(), 4);
+    EXPECT_EQ(clasf.HasRxComponent(1), 1);
+    EXPECT_EQ(clasf.HasTxComponent(3), 1);
+    EXPECT_EQ(clasf.Ordinal(107), 2);
+    EXPECT_EQ(clasf.Ordinal(109), 3);
+    EXPECT_EQ(clasf.SetNames(), (std::vector<std::string>{"TxRz", "TyRy", "TzRx", "TzRz"}));
+    EXPECT_EQ(Table({{107, 65536}}).OtherSet(101), 107);
     clasf[100] = 65536 + 7;
     EXPECT_EQ(clasf.HasRxComponent(4), 7);
     EXPECT_FALSE(clasf.Contains(99));
