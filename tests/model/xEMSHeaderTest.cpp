@@ -11,7 +11,7 @@
 namespace {
 
 const char kTimeDomainHeader[] =
-    "SYSTEM NAME\nAirborne GeoTEM test\nVERSION\n2.1\nDEFINED BY\nsurvey crew\nDATE DEFINED\n"
+    "SYSTEM NAME\nAirborne test system\nVERSION\n2.1\nDEFINED BY\nsurvey crew\nDATE DEFINED\n"
     "12 May\nTIME SCALING\n128  4.16667   [mSec]\nWAVEFORM TYPE\nhalfperiod\n"
     "4.16667   [mSec]\nWAVEFORM NORMALIZED BY\ncomponent\n";
 
@@ -84,7 +84,7 @@ TEST(EMSHeader, ReadsAndWritesTheTimeDomainLayout)
     std::istringstream in(std::string(kTimeDomainHeader) + "next");
     xEMSHeader header;
     in >> header;
-    EXPECT_EQ(header.systemName, "Airborne GeoTEM test");
+    EXPECT_EQ(header.systemName, "Airborne test system");
     EXPECT_EQ(header.dateDefined, "12 May");
     EXPECT_EQ(header.nominalHalfPeriod, 128.0f);
     EXPECT_EQ(header.realHalfPeriod, 4.16667f);
