@@ -46,6 +46,15 @@ int32_t FirstSet(xTRClasf clasf)
     return code;
 }
 
+// Whether nothing but the end is left to read; the stream's state stays as it was.
+bool AtEndOfInput(std::istream& in)
+{
+    const std::ios::iostate state = in.rdstate();
+    const bool atEnd = in.peek() == std::char_traits<char>::eof();
+    in.clear(state);
+    return atEnd;
+}
+
 } // namespace
 
 xEMDesc::xEMDesc(xCommandTarget* boss, long id)
@@ -268,6 +277,10 @@ void xEMDesc::ReadVersion7()
     GetLine(in);
 
     for (int32_t block = 0; block < blocks; ++block) {
+        // The format record forgives a failed stream, so a count larger than
+        // the blocks in the file would go on reading the same nothing past its
+        // end; one such block shows what all of them would give.
+        const bool pastEnd = AtEndOfInput(in);
         xEMSHeader localHeader;
         in >> localHeader;
         if (block == 0) {
@@ -306,6 +319,8 @@ void xEMDesc::ReadVersion7()
             items[CodeName(code)] = std::make_unique<xEMDescItem>(localSystem, localGeometry, code);
             localGeometry = asRead;
         }
+        if (pastEnd)
+            break;
     }
     DropScratch();
     SelectFirst(format->clasf);
@@ -573,9 +588,12 @@ int32_t xEMDesc::MaxChannels(int32_t exceptCode) const
 
 void xEMDesc::UserItemLabels(std::vector<std::string>& list) const
 {
+    // The two lists are public and may differ in length: a position without
+    // a label gets an empty one, so that this list stays in step with
+    // UserItemPositions.
     for (size_t i = 0; i < format->userPositions.size(); ++i)
         if (format->userPositions[i] > 0)
-            list.push_back(format->userLabels[i]);
+            list.push_back(i < format->userLabels.size() ? format->userLabels[i] : std::string());
 }
 
 void xEMDesc::UserItemPositions(std::vector<int32_t>& list) const

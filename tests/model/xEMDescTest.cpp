@@ -184,6 +184,15 @@ TEST_F(EMDesc, Version7MergesItsBlocksAndKeepsTheReceiverAsWritten)
     EXPECT_FLOAT_EQ(*desc.format->channelPos.Element(107, 6), 18.0f);
     EXPECT_FLOAT_EQ(desc.items.at("TzRz")->geometry.rx.x, -110.0f);
     EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
+
+    // A count beyond the blocks in the file: what lies past the end adds
+    // nothing, and reading it ends.
+    const std::string text = Example("survey-version7.DSC");
+    Read(Replaced(text, "BLOCKS\n2\n", "BLOCKS\n2000000000\n"));
+    EXPECT_EQ(desc.items.size(), 2u);
+    EXPECT_EQ(desc.format->clasf[109], 6);
+    EXPECT_LE(platform.messages.size(), 1u) << platform.Transcript();
+    EXPECT_TRUE(platform.Texts(xPlatform::kFatal).empty());
 }
 
 TEST_F(EMDesc, StreamFailuresAreFatal)
@@ -309,6 +318,11 @@ TEST_F(EMDesc, WholeDescriptorQueriesOfAFrequencyDomainSystem)
     desc.UserItemPositions(positions);
     EXPECT_EQ(labels, std::vector<std::string>{"z(ASL)"});
     EXPECT_EQ(positions, std::vector<int32_t>{17});
+    // A position whose label is missing still gets one, empty.
+    desc.format->userPositions.push_back(21);
+    labels.clear();
+    desc.UserItemLabels(labels);
+    EXPECT_EQ(labels, (std::vector<std::string>{"z(ASL)", ""}));
     EXPECT_EQ(desc.CouplingSign(100), 0.0f);
     EXPECT_EQ(desc.CouplingSign(106), -1.0f);
     EXPECT_EQ(desc.CouplingSign(109), 1.0f);
