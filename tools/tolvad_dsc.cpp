@@ -111,10 +111,15 @@ int WriteDescriptor(xHeadlessPlatform& platform, xEMDesc& desc, const std::strin
     if (fd < 0)
         return Fail("cannot write " + path + ": " + std::strerror(errno));
     temp.assign(pattern.data());
-    // mkstemp makes the file private; give it the mode of a newly created file.
+    // mkstemp makes the file private: give it the mode OUT has, or that of a
+    // newly created file, so that upgrading in place keeps who may read it.
     mode_t mask = ::umask(0);
     ::umask(mask);
-    ::fchmod(fd, 0666 & ~mask);
+    mode_t mode = 0666 & ~mask;
+    struct stat existing;
+    if (::stat(path.c_str(), &existing) == 0 && S_ISREG(existing.st_mode))
+        mode = existing.st_mode & 07777;
+    ::fchmod(fd, mode);
     ::close(fd);
 
     platform.SetFatalHook([temp] { std::remove(temp.c_str()); });

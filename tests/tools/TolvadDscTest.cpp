@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -104,8 +105,14 @@ TEST_F(TolvadDsc, UpgradeWritesVersion9ThatUpgradesToItself)
     const std::string upgraded = ReadFile(Path("new.DSC"));
     EXPECT_EQ(upgraded.rfind("FILE FORMAT VERSION\n9\n", 0), 0u);
 
+    // Replacing a file keeps its mode.
+    WriteFile(Path("again.DSC"), "old");
+    chmod(Path("again.DSC").c_str(), 0640);
     ASSERT_EQ(Tool("upgrade '" + Path("new.DSC") + "' '" + Path("again.DSC") + "'").status, 0);
     EXPECT_EQ(ReadFile(Path("again.DSC")), upgraded);
+    struct stat st;
+    ASSERT_EQ(stat(Path("again.DSC").c_str(), &st), 0);
+    EXPECT_EQ(st.st_mode & 07777, 0640u);
     // Nothing but the two results is left in the directory.
     EXPECT_EQ(Files().size(), 2u);
 }
