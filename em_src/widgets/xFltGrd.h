@@ -46,6 +46,9 @@ public:
     // Ends the edit, if any.
     void EndEdit();
     const xCellPlace& EditCell() const { return editCell; }
+    // The cell being edited or, with none, the one whose edit ended last;
+    // none before the first edit.
+    const xCellPlace& LastEditCell() const { return editCell.IsCell() ? editCell : endedCell; }
     QFrame* EditFrame() const { return editFrame; }
 
     void SetCellText(const std::string& text, int row, int column) override;

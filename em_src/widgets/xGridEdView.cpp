@@ -120,7 +120,9 @@ void xGridEdView::DoCommand(long command, void* data)
     }
     case kFocusIn: {
         Activate(true);
-        const xCellPlace& last = grid->EditCell();
+        // Back to the cell the user left, so that a message box or a click
+        // elsewhere doesn't send the edit to the top of the table.
+        xCellPlace last = grid->LastEditCell();
         grid->SetEditCell(last.IsCell() ? last.row : 0, last.IsCell() ? last.column : 0, true);
         return;
     }

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
 
@@ -175,9 +176,21 @@ TEST_F(Grids, ControlKeysOnlyShowTheirNotes)
               (std::vector<std::string>{"Row deletion not implemented yet.", "Row insertion not implemented yet."}));
     EXPECT_EQ(Field(), "1.0000000e+00");
     Key(Qt::Key_Down);
+    Key(Qt::Key_Tab);
     FloatMatrix back(1, 1, 1, 2);
     view->GetTable(back);
     EXPECT_EQ(back, Column2(3));
+
+    // The focus goes away (a message box, another control) and comes back:
+    // the edit resumes at the cell it left.
+    QLineEdit elsewhere(&card);
+    elsewhere.show();
+    elsewhere.setFocus();
+    QApplication::processEvents();
+    EXPECT_EQ(view->PositionLabel()->text(), "");
+    Focus();
+    EXPECT_EQ(view->PositionLabel()->text(), "2,2");
+    EXPECT_EQ(Field(), "2.0000000e+01");
 }
 
 TEST_F(Grids, KeysScrollAtTheEdgesAndBeepAtTheTableEnd)
