@@ -42,7 +42,8 @@ void xVectorEdWin::SetUpUserItem(FloatArray* values, const std::vector<std::stri
     int rows = static_cast<int>(labels.size());
     int columnHeight = rows * (xEditBox::kFieldHeight + static_cast<int>(itemGap)) + 8;
     int newWidth = std::max(width(), widest + 10);
-    int newHeight = std::max(height(), textHeight + 10 + columnHeight + kButtonRow);
+    // The prompt adds its own height to a window that holds the column.
+    int newHeight = std::max(height(), 10 + columnHeight + kButtonRow) + textHeight;
     if (newWidth != width() || newHeight != height())
         ResizeToFit(newWidth, newHeight);
     clientTop = textHeight;

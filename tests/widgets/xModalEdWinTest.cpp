@@ -96,7 +96,7 @@ TEST(ModalWindows, VectorTakesBackTheTypedNumbersUnderItsPrompt)
     window.SetUpUserItem(&scales, {"equivalent secondary amplitude", "nominal (primary) amplitude "});
     ASSERT_EQ(window.PromptLines().size(), 2u);
     EXPECT_EQ(window.PromptLines()[1]->palette().color(QPalette::WindowText), QColor(Qt::blue));
-    EXPECT_GT(window.height(), 130);
+    EXPECT_EQ(window.height(), 130 + 2 * window.PromptLines()[0]->height());
     RunWith(window, [](xVectorEdWin& w) {
         w.Column()->Item(2)->SetText("4.5");
         w.OkButton()->click();
