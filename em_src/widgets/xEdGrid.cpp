@@ -113,6 +113,9 @@ bool xEdGrid::GetTable(FloatMatrix& matrix) const
 
 bool xEdGrid::GetRow(int row, FloatArray& values) const
 {
+    // A row the grid doesn't have reads nothing, rather than zeroes.
+    if (row < 0 || row >= rows)
+        return false;
     bool changed = false;
     for (int c = 0; c < std::min(columns, static_cast<int>(values.Size())); ++c) {
         float number = GetCell(row, c);

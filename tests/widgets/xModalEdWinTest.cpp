@@ -215,6 +215,13 @@ TEST(FixedGrid, FormatsLabelsAndReadsBack)
     EXPECT_EQ(m.Row(2)[2], 2.0f);
     FloatMatrix same = m;
     EXPECT_FALSE(grid->GetTable(same));
+    FloatArray row(1, 2);
+    row = 5.0f;
+    EXPECT_TRUE(grid->GetRow(1, row));
+    EXPECT_EQ(row[1], 7.0f);
+    row = 5.0f;
+    EXPECT_FALSE(grid->GetRow(2, row));   // no such row: nothing read
+    EXPECT_EQ(row[1], 5.0f);
 }
 
 namespace {
