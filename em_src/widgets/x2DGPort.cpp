@@ -48,6 +48,8 @@ x2DGPort::x2DGPort(QWidget* parent, const QRect& frame, int width, int height,
         if (-value != ScrollPosition())
             ScrollTo(-value);
     });
+    // A port built wider than its frame scrolls from the start.
+    ScrollChanged();
 }
 
 x2DGPort::~x2DGPort() = default;
@@ -69,6 +71,15 @@ x2DGRect x2DGPort::DrawingFrame() const
     if (labelsAtBottom && HasEndLabels())
         frame.bottom = std::max(frame.top, frame.bottom - LabelStripHeight());
     return frame;
+}
+
+bool x2DGPort::FollowDrawingFrame()
+{
+    const x2DGRect wanted = DrawingFrame();
+    if (wanted.right == Frame().right && wanted.bottom == Frame().bottom)
+        return false;
+    Resize(wanted, isVisible());
+    return true;
 }
 
 void x2DGPort::DoCommand(long command, void* data)
@@ -105,13 +116,10 @@ void x2DGPort::EndLabelsChanged()
 {
     if (!HasEndLabels())
         return;
-    const x2DGRect wanted = DrawingFrame();
-    if (wanted.bottom != Frame().bottom || wanted.right != Frame().right) {
-        // Taking or giving back the label strip changes the frame; Resize
-        // comes back here with the new one.
-        Resize(wanted, isVisible());
+    // Taking or giving back the label strip changes the frame; Resize comes
+    // back here with the new one.
+    if (FollowDrawingFrame())
         return;
-    }
     if (!startLabel) {
         startLabel = new QLabel(this);
         endLabel = new QLabel(this);
@@ -169,7 +177,9 @@ void x2DGPort::paintEvent(QPaintEvent*)
 
 void x2DGPort::resizeEvent(QResizeEvent*)
 {
-    Resize(DrawingFrame(), isVisible());
+    // The first show delivers the size the port was built with; only a real
+    // change of the frame gives up the virtual size and the scale.
+    FollowDrawingFrame();
 }
 
 void x2DGPort::showEvent(QShowEvent*)

@@ -53,6 +53,9 @@ protected:
 private:
     // The widget less the label strip when the labels take one.
     x2DGRect DrawingFrame() const;
+    // Takes the drawing frame when it differs from the plot's; false when
+    // the frame stands as it was.
+    bool FollowDrawingFrame();
     int LabelStripHeight() const;
     void PlaceLabels();
     void ShowReadOut(const QPoint& at);

@@ -119,6 +119,13 @@ TEST_F(GraphPort, EndLabelsStandAtTheLowerCornersAndFollowScrolling)
 
 TEST_F(GraphPort, ResizeKeepsTheVirtualSizeAndRecomputes)
 {
+    // Showing is no change of the frame: a port built wider keeps its width
+    // and can be scrolled.
+    auto* wide = new x2DGPort(&window, QRect(0, 150, 200, 100), 1000, 100);
+    wide->show();
+    EXPECT_EQ(wide->VirtualWidth(), 1000);
+    EXPECT_TRUE(wide->findChild<QScrollBar*>()->isVisible());
+
     auto* wave = new x2DGLine(port);
     wave->UpdateFromTable(Ramp(0, 1, 0, 1));
     port->xMax = 1;
