@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+class FloatArray;
 class x2DGLine;
 
 class x2DGPlot : public xCommandTarget {
@@ -54,6 +55,10 @@ public:
     float xMax = 0.0f;
     float yMin = 0.0f;
     float yMax = 0.0f;
+    // Optional positions along the horizontal axis: a copy, or a view of the
+    // caller's array when ownsXAxis is off. None at construction.
+    std::unique_ptr<FloatArray> xAxis;
+    bool ownsXAxis = false;
     x2DGLine* currentSeries = nullptr;   // the series that sets the ranges
     bool labelsAtBottom = false;
     std::string labelPrefix;
