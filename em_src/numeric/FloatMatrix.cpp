@@ -352,9 +352,10 @@ void FloatMatrix::MinMax(float& min, float& max, int rowFrom, int rowTo, int col
         return;
     }
     min = max = ignore ? *ignore : At(*this, rowFrom, colFrom);
-    for (int r = rowFrom; r <= rowTo; ++r)
-        for (int c = colFrom; c <= colTo; ++c) {
-            float value = At(*this, r, c);
+    // Counted wide: a bound at the top of the int range must still end the loop.
+    for (int64_t r = rowFrom; r <= rowTo; ++r)
+        for (int64_t c = colFrom; c <= colTo; ++c) {
+            float value = At(*this, static_cast<int>(r), static_cast<int>(c));
             if (!ignore) {
                 if (value < min)
                     min = value;
@@ -431,7 +432,7 @@ int FloatMatrix::NearestRow(float x, int c) const
     float prev = at(g);
     int64_t saved = g;
     int step = (double(x) - prev) * (double(last) - first) >= 0 ? 1 : -1;
-    int64_t i = g + step;
+    int64_t i = int64_t(g) + step;
     if (i > rowUpper)
         return rowUpper;
     if (i < rowLower)

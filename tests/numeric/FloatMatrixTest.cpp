@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
@@ -176,6 +177,15 @@ TEST(FloatMatrix, NearestRowWalksFromAnInterpolatedGuess)
     FloatMatrix down = Make(0, 0, {{8}, {4}, {2}, {1}, {0}});
     EXPECT_EQ(down.NearestRow(3.1f, 0), 1);
     EXPECT_EQ(down.NearestRow(1.4f, 0), 3);
+
+    // Rows ending at the top of the int range: the walk and the scan stop there.
+    FloatMatrix top(INT32_MAX - 1, INT32_MAX, INT32_MAX, INT32_MAX);
+    *top.Element(INT32_MAX, INT32_MAX) = 2;
+    EXPECT_EQ(top.NearestRow(5, INT32_MAX), INT32_MAX);
+    float min = 1, max = 1;
+    top.MinMax(min, max);
+    EXPECT_EQ(min, 0);
+    EXPECT_EQ(max, 2);
 }
 
 TEST(FloatMatrix, RowEditingIsNotImplemented)
