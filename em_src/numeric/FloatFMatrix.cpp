@@ -205,11 +205,11 @@ void FloatFMatrix::LoadBlock(int from, int to)
     file->ReadBytes(reinterpret_cast<char*>(data.get()), long(total) * long(sizeof(float)));
 }
 
-void FloatFMatrix::LoadBlockAt(int start)
+void FloatFMatrix::LoadBlockAt(int64_t start)
 {
     // Counted from the first row, so that tables whose rows don't start at 0
     // load as those that do.
-    int64_t offset = int64_t(start) - totalLower;
+    int64_t offset = start - totalLower;
     if (offset >= totalRows)
         offset = int64_t(totalRows) - blockRows;
     if (offset < 0)
@@ -226,7 +226,7 @@ void FloatFMatrix::Reach(int r, bool writeBack)
     CheckRow(r);
     if (writeBack)
         FlushWindow();
-    LoadBlockAt(r - blockRows / 2);
+    LoadBlockAt(int64_t(r) - blockRows / 2);
 }
 
 const FloatArray& FloatFMatrix::Row(int r) const
@@ -304,8 +304,7 @@ bool FloatFMatrix::NextBlock()
     if (blockCursor < 0 || blockCursor >= blockCount)
         return false;
     FlushWindow();
-    LoadBlockAt(static_cast<int>(std::min<int64_t>(int64_t(totalLower) + int64_t(blockRows) * blockCursor,
-                                                   INT32_MAX)));
+    LoadBlockAt(int64_t(totalLower) + int64_t(blockRows) * blockCursor);
     ++blockCursor;
     return true;
 }

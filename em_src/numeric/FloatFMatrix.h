@@ -93,7 +93,7 @@ private:
     void FlushWindow();
     void SetWindow(int from, int to);
     void LoadBlock(int from, int to);
-    void LoadBlockAt(int start);
+    void LoadBlockAt(int64_t start);
     // Brings row r into the window when it lies outside.
     void Reach(int r, bool writeBack);
     template <class BlockExtreme>

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
@@ -154,6 +155,27 @@ TEST(FloatFMatrix, NamedFileIsReadBackThroughAttach)
     EXPECT_EQ(At<float>(bytes, 16 + 2 * 8 + 4), 0.5f);
     std::remove(path.c_str());
     rmdir(dir);
+}
+
+TEST(FloatFMatrix, RowsAtTheBottomOfTheIntRangeAreReached)
+{
+    FloatFMatrix scratch(2, 1, 1, nullptr);
+    xDoc* file = scratch.File();
+    const int32_t header[4] = {INT32_MIN, INT32_MIN + 9, 0, 0};
+    file->Seek(0);
+    file->WriteBytes(reinterpret_cast<const char*>(header), sizeof header);
+    for (int r = 0; r < 10; ++r) {
+        float value = static_cast<float>(r);
+        file->WriteBytes(reinterpret_cast<const char*>(&value), sizeof value);
+    }
+    FloatFMatrix table(file);
+    table.Attach(0, 2, 0, 0);
+    EXPECT_EQ(table.BlockCount(), 5);
+    const FloatFMatrix& view = table;
+    EXPECT_EQ(view.Row(INT32_MIN + 9)[0], 9);
+    // Centring the window on the first row reaches below the int range.
+    EXPECT_EQ(view.Row(INT32_MIN)[0], 0);
+    EXPECT_EQ(table.RowLower(), INT32_MIN);
 }
 
 TEST(FloatFMatrix, RefusalsAndRangeFaults)
