@@ -141,28 +141,27 @@ bool ExtractInteger(std::istream& in, Narrow& value)
 
 // The C library's conversion in the classic locale, whatever the process's
 // locale is: for the rare text the fast conversion reports out of range.
-double ClassicStrtod(const std::string& text, const char** end)
+locale_t ClassicLocale()
 {
     static locale_t classic = newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(0));
-    char* stop = nullptr;
-    double value = strtod_l(text.c_str(), &stop, classic);
-    *end = stop;
-    return value;
+    return classic;
 }
 
-} // namespace
-
-bool xExtract::Int(std::istream& in, int32_t& value)
+double ClassicStrto(const std::string& text, double)
 {
-    return ExtractInteger(in, value);
+    return strtod_l(text.c_str(), nullptr, ClassicLocale());
 }
 
-bool xExtract::Short(std::istream& in, int16_t& value)
+float ClassicStrto(const std::string& text, float)
 {
-    return ExtractInteger(in, value);
+    return strtof_l(text.c_str(), nullptr, ClassicLocale());
 }
 
-bool xExtract::Double(std::istream& in, double& value)
+// One floating-point number, converted straight to Real: a value beyond
+// Real's range fails as it does in the library's own extraction, and no
+// rounding through a wider type comes between.
+template <typename Real>
+bool ExtractReal(std::istream& in, Real& value)
 {
     std::streambuf* buffer = Start(in);
     if (!buffer)
@@ -199,14 +198,12 @@ bool xExtract::Double(std::istream& in, double& value)
         negative = *begin == '-';
         ++begin;
     }
-    double read = 0.0;
+    Real read = 0;
     auto result = std::from_chars(begin, end, read);
     if (result.ec == std::errc::result_out_of_range && result.ptr == end) {
         // Too large fails; too small reads as the nearest value, as the library does.
-        const std::string whole(begin, end);
-        const char* stop = nullptr;
-        read = ClassicStrtod(whole, &stop);
-        if (read == std::numeric_limits<double>::infinity()) {
+        read = ClassicStrto(std::string(begin, end), Real());
+        if (read == std::numeric_limits<Real>::infinity()) {
             in.setstate(std::ios::failbit);
             return false;
         }
@@ -218,11 +215,24 @@ bool xExtract::Double(std::istream& in, double& value)
     return true;
 }
 
+} // namespace
+
+bool xExtract::Int(std::istream& in, int32_t& value)
+{
+    return ExtractInteger(in, value);
+}
+
+bool xExtract::Short(std::istream& in, int16_t& value)
+{
+    return ExtractInteger(in, value);
+}
+
+bool xExtract::Double(std::istream& in, double& value)
+{
+    return ExtractReal(in, value);
+}
+
 bool xExtract::Float(std::istream& in, float& value)
 {
-    double read = 0.0;
-    if (!Double(in, read))
-        return false;
-    value = static_cast<float>(read);
-    return true;
+    return ExtractReal(in, value);
 }
