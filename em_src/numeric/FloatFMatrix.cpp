@@ -220,7 +220,9 @@ void FloatFMatrix::LoadBlockAt(int64_t start)
 
 void FloatFMatrix::Reach(int r, bool writeBack)
 {
-    if (blockCount <= 1 || (r >= rowLower && r <= rowUpper))
+    // A table of one block is all in the window, except with no file behind
+    // it, where rows appended past a block have nowhere to stay.
+    if (r >= rowLower && r <= rowUpper)
         return;
     // A row the file doesn't hold can't be brought in.
     CheckRow(r);

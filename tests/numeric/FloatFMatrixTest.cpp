@@ -198,6 +198,13 @@ TEST(FloatFMatrix, RefusalsAndRangeFaults)
         // The address ignores the window's first row: row 4 would lie beyond it.
         EXPECT_EQ(FatalText([&] { m.Element(4, 0); }), "FloatFMatrix: Row index out of range!");
         EXPECT_EQ(m.Element(1, 0), &m.Row(4)[0]);
+        // With no file, rows pushed out of the window by an append come back as 0.
+        FloatFMatrix memoryOnly(nullptr, 2, 2, 1);
+        memoryOnly.Row(0)[0] = 4;
+        memoryOnly.AppendRow(nullptr);
+        EXPECT_EQ(memoryOnly.BlockCount(), 1);
+        EXPECT_EQ(memoryOnly.Row(0)[0], 0);
+        EXPECT_EQ(FatalText([&] { memoryOnly.Row(3); }), "FloatFMatrix: Row index out of range!");
         paths = {m.FileName(), other.FileName()};
         platform.Clear();
     }
