@@ -62,7 +62,7 @@ protected:
 // A version 5 file: one record of each kind for the orientations TzRx and TzRz,
 // whose position columns name them.
 const char kVersion5[] =
-    "FILE FORMAT VERSION\n5\nSYSTEM NAME\nold GEOTEM-like system\nVERSION\n1\nDEFINED BY\nme\n"
+    "FILE FORMAT VERSION\n5\nSYSTEM NAME\nold towed-bird system\nVERSION\n1\nDEFINED BY\nme\n"
     "DATE DEFINED\n1995\nTIME SCALING\n2  2   [mSec]\nWAVEFORM TYPE\ntransient\n2   [mSec]\n"
     "WAVEFORM NORMALIZED BY\ncomponent\n____\nTRANSMITTER CURRENT WAVEFORM\nundefined\n____\n"
     "RECEIVER PRIMARY FIELD\nundefined\n____\nRECEIVER SAMPLING\n2\n START END WEIGHT\n"
