@@ -33,7 +33,7 @@ void xGridValues::SetTable(const FloatMatrix* table)
     }
     for (int r = 0; r < values.Rows(); ++r)
         std::fill_n(values.Element(r, 0), values.Cols(), NoValue);
-    if (table) {
+    if (table && table->Cols() > 0) {
         for (int r = 0; r < table->Rows(); ++r) {
             const FloatArray& row = table->Row(table->RowLower() + r);
             std::copy_n(&row[table->ColLower()], table->Cols(), values.Element(r, 0));

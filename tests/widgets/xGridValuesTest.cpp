@@ -77,6 +77,11 @@ TEST(GridValues, GrowsToTheTableNeverShrinksAndReadsEmptyAsOneRow)
     EXPECT_EQ(back.RowUpper(), 0);
     EXPECT_EQ(back.ColLower(), 0);
     EXPECT_EQ(back.ColUpper(), 0);
+    // A table without columns loads as an empty one.
+    FloatMatrix noColumns(0, 4, 1, 0);
+    grid.SetTable(&noColumns);
+    EXPECT_EQ(grid.RowCount(), 0);
+    EXPECT_EQ(grid.CapacityRows(), 5);
     // Outside the capacity nothing is read or written.
     grid.SetValue(99, 0, 1.0f);
     EXPECT_EQ(grid.Value(99, 0), NoValue);
