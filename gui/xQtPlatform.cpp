@@ -1,8 +1,5 @@
 #include "gui/xQtPlatform.h"
 
-#include <cstdio>
-#include <cstdlib>
-
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
@@ -14,6 +11,7 @@
 #include <QScreen>
 
 #include <cctype>
+#include <cstdio>
 #include <cstdlib>
 
 namespace {
