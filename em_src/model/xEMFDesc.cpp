@@ -88,7 +88,18 @@ void AppendItemRow(std::string& text, const std::string& name, int32_t position,
     text += '\n';
 }
 
-void AppendTable(std::string& text, const char* heading, const char* column, const FloatMatrix& matrix)
+// Text is handed to the stream in pieces of about this size, so that a table
+// of many channels is never held whole in memory a second time.
+constexpr size_t kWriteChunk = 1 << 16;
+
+void Flush(std::ostream& out, std::string& text)
+{
+    out.write(text.data(), static_cast<std::streamsize>(text.size()));
+    text.clear();
+}
+
+void AppendTable(std::ostream& out, std::string& text, const char* heading, const char* column,
+                 const FloatMatrix& matrix)
 {
     text += heading;
     text += '\n';
@@ -98,11 +109,18 @@ void AppendTable(std::string& text, const char* heading, const char* column, con
         text += name;
     }
     text += '\n';
-    for (int i = matrix.ColLower(); i <= matrix.ColUpper(); ++i) {
-        xDscText::AppendInt(text, i, kTableWidth);
-        for (int code = kFirstOrientationCode; code <= kLastOrientationCode; ++code)
-            xDscText::AppendInt(text, Truncate(At(matrix, code, i)), kTableWidth);
+    constexpr int kCodes = kLastOrientationCode - kFirstOrientationCode + 1;
+    const float* rows[kCodes];
+    for (int k = 0; k < kCodes; ++k)
+        rows[k] = &matrix.Row(kFirstOrientationCode + k)[matrix.ColLower()];
+    const int columns = matrix.ColUpper() - matrix.ColLower() + 1;
+    for (int j = 0; j < columns; ++j) {
+        xDscText::AppendInt(text, matrix.ColLower() + j, kTableWidth);
+        for (int k = 0; k < kCodes; ++k)
+            xDscText::AppendInt(text, Truncate(rows[k][j]), kTableWidth);
         text += '\n';
+        if (text.size() >= kWriteChunk)
+            Flush(out, text);
     }
 }
 
@@ -266,10 +284,17 @@ void xEMFDesc::CopyPositions(const xEMFDesc& from)
         const int lastRow = std::min(source.RowUpper(), target.RowUpper());
         const int firstCol = std::max(source.ColLower(), target.ColLower());
         const int lastCol = std::min(source.ColUpper(), target.ColUpper());
-        for (int code = firstRow; code <= lastRow; ++code)
-            for (int i = firstCol; i <= lastCol; ++i)
-                if (At(source, code, i) != 0.0f)
-                    At(target, code, i) = At(source, code, i);
+        if (firstCol > lastCol)
+            continue;
+        // A row's elements lie side by side; walking them by pointer keeps a
+        // block of many channels from costing a row lookup per number.
+        for (int code = firstRow; code <= lastRow; ++code) {
+            const float* from = &source.Row(code)[firstCol];
+            float* to = &target.Row(code)[firstCol];
+            for (int i = 0; i <= lastCol - firstCol; ++i)
+                if (from[i] != 0.0f)
+                    to[i] = from[i];
+        }
     }
 }
 
@@ -314,12 +339,15 @@ void xEMFDesc::RebuildUsedPositions()
     for (int code = kFirstOrientationCode + 1; code <= kLastOrientationCode; ++code) {
         if (clasf[code] == 0)
             continue;
+        const FloatArray& quadrature = quadraturePos.Row(code);
+        const FloatArray& inPhase = inPhasePos.Row(code);
+        const FloatArray& channel = channelPos.Row(code);
         for (int i = channelPos.ColLower(); i <= channelPos.ColUpper(); ++i) {
             if (frequencyDomain) {
-                usedPositions.push_back(Truncate(At(quadraturePos, code, i)));
-                usedPositions.push_back(Truncate(At(inPhasePos, code, i)));
+                usedPositions.push_back(Truncate(quadrature[i]));
+                usedPositions.push_back(Truncate(inPhase[i]));
             } else {
-                usedPositions.push_back(Truncate(At(channelPos, code, i)));
+                usedPositions.push_back(Truncate(channel[i]));
             }
         }
     }
@@ -402,8 +430,7 @@ bool xEMFDesc::HasSameTitles(const xEMFDesc& other) const
 void xEMFDesc::Write(std::ostream& out) const
 {
     std::string text;
-    const size_t tables = frequencyDomain ? 2 : 1;
-    text.reserve(1024 + tables * (ChannelCount() + 2) * (kTableWidth * 11 + 1) + userLabels.size() * 32);
+    text.reserve(kWriteChunk + 1024);
 
     AppendLine(text, title);
     AppendLine(text, "Geosoft format (1 yes, 0 no)");
@@ -418,16 +445,15 @@ void xEMFDesc::Write(std::ostream& out) const
     xDscText::AppendInt(text, itemCount, kTableWidth);
     text += '\n';
     if (frequencyDomain) {
-        AppendTable(text, kInPhaseHeading, "freq ", inPhasePos);
-        AppendTable(text, kQuadratureHeading, "freq ", quadraturePos);
+        AppendTable(out, text, kInPhaseHeading, "freq ", inPhasePos);
+        AppendTable(out, text, kQuadratureHeading, "freq ", quadraturePos);
     } else {
-        AppendTable(text, kChannelHeading, "channel ", channelPos);
+        AppendTable(out, text, kChannelHeading, "channel ", channelPos);
     }
-    out.write(text.data(), static_cast<std::streamsize>(text.size()));
+    Flush(out, text);
 
     // Item rows are left-justified, and the stream is left so.
     out.setf(std::ios::left, std::ios::adjustfield);
-    text.clear();
     AppendLine(text, kTableSeparator);
     for (int k = 0; k < kFixedItemCount; ++k)
         AppendItemRow(text, kFixedItemNames[k], this->*kFixedFields[k], kFixedClasses[k]);
@@ -435,7 +461,7 @@ void xEMFDesc::Write(std::ostream& out) const
     for (size_t i = 0; i < users; ++i)
         AppendItemRow(text, userLabels[i], userPositions[i], kUserItemClass);
     AppendLine(text, kTableSeparator);
-    out.write(text.data(), static_cast<std::streamsize>(text.size()));
+    Flush(out, text);
 }
 
 void xEMFDesc::Read(std::istream& in)

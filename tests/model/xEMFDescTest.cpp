@@ -173,6 +173,41 @@ TEST(FormatRecord, FrequencyDomainUsesTwoTablesAndLeavesChannelPositionsZero)
     EXPECT_EQ(back.OrientationChannels(105), 1);
 }
 
+TEST(FormatRecord, TablesFarLargerThanOneWriteStayWholeAndInOrder)
+{
+    // Tables of thousands of channels reach the stream in several pieces.
+    const int channels = 4000;
+    xEMFDesc format(channels);
+    format.frequencyDomain = 1;
+    for (int i = 1; i <= channels; ++i) {
+        format.inPhasePos.Row(103)[i] = float(2 * i);
+        format.quadraturePos.Row(109)[i] = float(2 * i + 1);
+    }
+    format.userLabels = {"z(ASL)", "mag"};
+    format.userPositions = {5, 99999};
+    const std::string text = Written(format);
+
+    const size_t inPhase = text.find("POSITION (INDEX) OF IN PHASE");
+    const size_t quadrature = text.find("POSITION (INDEX) OF QUADRATURE");
+    ASSERT_NE(inPhase, std::string::npos);
+    ASSERT_NE(quadrature, std::string::npos);
+    // Heading, column titles, then one row of 11 fields of 6 a channel.
+    EXPECT_EQ(quadrature - inPhase, 49u + 66u + channels * 67u);
+    EXPECT_NE(text.find("\n  4000     0     0     0  8000     0     0     0     0     0     0\n"
+                        "POSITION (INDEX) OF QUADRATURE"),
+              std::string::npos);
+    EXPECT_NE(text.find("\n  4000     0     0     0     0     0     0     0     0     0  8001\n"
+                        "----------------------\n"),
+              std::string::npos);
+    EXPECT_NE(text.find("\nmag           99999 2   \n----------------------\n"), std::string::npos);
+
+    const xEMFDesc back = ReadBack(text, channels, 1);
+    EXPECT_TRUE(back == format);
+    EXPECT_EQ(back.inPhasePos, format.inPhasePos);
+    EXPECT_EQ(back.quadraturePos, format.quadraturePos);
+    EXPECT_EQ(Written(back), text);
+}
+
 namespace {
 
 std::string OlderRecord(int version, bool withTail)
