@@ -38,7 +38,11 @@ case "${1:-}" in
     if [ -x "$BUILD/tools/tolvad" ] && { [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; }; then
       exec "$BUILD/tools/tolvad" "$EXAMPLE"
     elif [ -x "$BUILD/tools/tolvad-dsc" ]; then
-      echo "No display: summarising $EXAMPLE with the command-line tool."
+      if [ -x "$BUILD/tools/tolvad" ]; then
+        echo "No display: summarising $EXAMPLE with the command-line tool."
+      else
+        echo "The editor's window is not built yet: summarising $EXAMPLE with the command-line tool."
+      fi
       exec "$BUILD/tools/tolvad-dsc" info "$EXAMPLE"
     else
       echo "Built the core and its tests. The editor and the command-line tool tolvad-dsc come with the descriptor model; nothing to run yet."
