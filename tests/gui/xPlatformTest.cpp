@@ -1,12 +1,11 @@
 #include "gui/xCommandTarget.h"
 #include "gui/xHeadlessPlatform.h"
 #include "gui/xRecordingPlatform.h"
+#include "tests/xTempDirectory.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <sstream>
-#include <unistd.h>
 
 TEST(HeadlessPlatform, WritesOneLinePerMessageAndTakesTheFirstButton)
 {
@@ -29,7 +28,6 @@ TEST(HeadlessPlatform, FatalExitRunsTheHookAndEndsWithStatusTwo)
 {
     EXPECT_EXIT(
         {
-            std::ostringstream out;
             xHeadlessPlatform headless;
             headless.SetFatalHook([] { std::fputs("hook ran\n", stderr); });
             SetPlatform(&headless);
@@ -56,26 +54,23 @@ TEST(RecordingPlatform, KeepsMessagesAnswersFromScriptAndThrowsOnFatal)
 TEST(Platform, FileSystemQueries)
 {
     xRecordingPlatform rec;
-    char dirTemplate[] = "/tmp/tolvad-seam-XXXXXX";
-    ASSERT_NE(mkdtemp(dirTemplate), nullptr);
-    std::string dir = dirTemplate;
-    std::string file = dir + "/a.DSC";
-    std::ofstream(file) << "12345";
-    xFileStatus st;
-    ASSERT_TRUE(rec.StatFile(file, st));
-    EXPECT_TRUE(st.regular);
-    EXPECT_FALSE(st.directory);
-    EXPECT_EQ(st.size, 5);
-    ASSERT_TRUE(rec.StatFile(dir, st));
-    EXPECT_TRUE(st.directory);
-    EXPECT_FALSE(rec.StatFile(dir + "/missing", st));
-    std::string here = rec.CurrentDirectory();
-    ASSERT_TRUE(rec.SetCurrentDirectory(dir));
-    EXPECT_EQ(rec.CurrentDirectory(), dir);
-    ASSERT_TRUE(rec.SetCurrentDirectory(here));
-    EXPECT_TRUE(rec.RemoveFile(file));
-    EXPECT_FALSE(rec.RemoveFile(file));
-    rmdir(dir.c_str());
+    const std::string here = rec.CurrentDirectory();
+    {
+        xTempDirectory dir;
+        EXPECT_EQ(rec.CurrentDirectory(), dir.path);
+        xTempDirectory::Write(dir / "a.DSC", "12345");
+        xFileStatus st;
+        ASSERT_TRUE(rec.StatFile(dir / "a.DSC", st));
+        EXPECT_TRUE(st.regular && !st.directory);
+        EXPECT_EQ(st.size, 5);
+        ASSERT_TRUE(rec.StatFile(dir.path, st));
+        EXPECT_TRUE(st.directory);
+        EXPECT_FALSE(rec.StatFile(dir / "missing", st));
+        EXPECT_TRUE(rec.RemoveFile(dir / "a.DSC"));
+        EXPECT_FALSE(rec.RemoveFile(dir / "a.DSC"));
+        ASSERT_TRUE(rec.SetCurrentDirectory(here));
+        EXPECT_EQ(rec.CurrentDirectory(), here);
+    }
     EXPECT_NE(rec.ModulePath().find("tolvad_tests_seam"), std::string::npos);
 }
 

@@ -6,7 +6,6 @@
 
 #include <cmath>
 #include <iostream>
-#include <limits>
 #include <sstream>
 
 namespace {
@@ -16,36 +15,23 @@ FloatArray Make(int lower, std::initializer_list<float> values)
 }
 }
 
-TEST(FloatArray, BoundsSizeAndZeroedElements)
+TEST(FloatArray, BoundsZeroedElementsAndSetLower)
 {
     FloatArray a(1, 5);
-    EXPECT_EQ(a.Size(), 5);
-    EXPECT_EQ(a.Lower(), 1);
-    EXPECT_EQ(a.Upper(), 5);
     a[1] = 7;
     EXPECT_EQ(a.Data()[0], 7);
     EXPECT_EQ(a[5], 0);
     EXPECT_TRUE(a.InRange(5));
     EXPECT_FALSE(a.InRange(0));
-
-    FloatArray one;
-    EXPECT_EQ(one.Size(), 1);
-    EXPECT_EQ(one[0], 0);
+    EXPECT_EQ(FloatArray().Size(), 1);
 
     xRecordingPlatform platform;
-    FloatArray reversed(5, 1);
-    EXPECT_EQ(reversed.Size(), 0);
+    EXPECT_EQ(FloatArray(5, 1).Size(), 0);
     EXPECT_TRUE(platform.messages.empty());
-}
 
-TEST(FloatArray, SetLowerMovesBoundsAndKeepsData)
-{
-    FloatArray a = Make(0, {1, 2, 3});
-    a.SetLower(1);
-    EXPECT_EQ(a.Lower(), 1);
-    EXPECT_EQ(a.Upper(), 3);
-    EXPECT_EQ(a[1], 1);
-    EXPECT_EQ(a[3], 3);
+    FloatArray moved = Make(0, {1, 2, 3});
+    moved.SetLower(1);
+    EXPECT_EQ(moved, Make(1, {1, 2, 3}));
 }
 
 TEST(FloatArray, ImpossibleSizesAreFatalAndLeaveASoundObject)
@@ -67,7 +53,6 @@ TEST(FloatArray, AssignmentResizesToTheSourceAndWrappedDataIsWrittenThrough)
     FloatArray a(4);
     FloatArray b = Make(3, {1, 2});
     a = b;
-    EXPECT_TRUE(a.SameBounds(b));
     EXPECT_EQ(a, b);
     a = a;
     EXPECT_EQ(a[4], 2);
@@ -94,43 +79,33 @@ TEST(FloatArray, SameValuesToleranceAndEquality)
     EXPECT_FALSE(Make(0, {1, 2}).SameValues(Make(0, {1, 2, 3})));
 }
 
-TEST(FloatArray, MinMaxWithIgnoredValue)
+TEST(FloatArray, ExtremesSumsAndSearches)
 {
     const float none = -32767.0f;
     FloatArray a = Make(0, {none, 4, -2, 9, none});
     EXPECT_EQ(a.Min(&none), -2);
-    EXPECT_EQ(a.Max(&none), 9);
     EXPECT_EQ(a.Min(nullptr), none);
     EXPECT_EQ(a.Range(&none), 11);
-
-    FloatArray all = Make(1, {none, none, none});
-    EXPECT_EQ(all.Min(&none), none);
-    EXPECT_EQ(all.Max(&none), none);
-
+    EXPECT_EQ(Make(1, {none, none}).Max(&none), none);
     // The skip of ignored values stops at the upper bound taken as an offset:
     // with bounds -2 to 2 it stops at offset 2, which starts the result.
     FloatArray shifted = Make(-2, {none, none, none, 5, 7});
     EXPECT_EQ(shifted.Min(&none), none);
     EXPECT_EQ(shifted.Max(&none), 7);
-}
 
-TEST(FloatArray, SumsNormIndexOfCount)
-{
-    FloatArray a = Make(1, {3, -4, 3});
-    EXPECT_EQ(a.Sum(), 2);
-    EXPECT_EQ(a.Sum(2, 3), -1);
-    EXPECT_EQ(a.SumAbs(1, 2), 7);
-    EXPECT_EQ(a.Sum(-5, 50), 2);
-    EXPECT_FLOAT_EQ(a.Norm(), std::sqrt(34.0f));
-    EXPECT_EQ(a.IndexOf(-4), 2);
-    EXPECT_EQ(a.IndexOf(8), 0);
-    EXPECT_EQ(a.Count(3), 2);
+    FloatArray s = Make(1, {3, -4, 3});
+    EXPECT_EQ(s.Sum(2, 3), -1);
+    EXPECT_EQ(s.SumAbs(1, 2), 7);
+    EXPECT_EQ(s.Sum(-5, 50), 2);
+    EXPECT_FLOAT_EQ(s.Norm(), std::sqrt(34.0f));
+    EXPECT_EQ(s.IndexOf(-4), 2);
+    EXPECT_EQ(s.IndexOf(8), 0);
+    EXPECT_EQ(s.Count(3), 2);
 }
 
 TEST(FloatArray, NearestGivesOffsetsAndZeroBeyondTheEnd)
 {
     FloatArray up = Make(10, {0, 1, 2, 3});
-    EXPECT_EQ(up.Nearest(1.4f), 1);
     EXPECT_EQ(up.Nearest(1.5f), 1);   // a tie goes to the element before
     EXPECT_EQ(up.Nearest(1.6f), 2);
     EXPECT_EQ(up.Nearest(-5), 0);
@@ -146,8 +121,7 @@ TEST(FloatArray, NearestGivesOffsetsAndZeroBeyondTheEnd)
 TEST(FloatArray, SubArrayAndCopyBlockOffsets)
 {
     FloatArray a = Make(1, {1, 2, 3, 4});
-    FloatArray part = a.SubArray(2, 3);
-    EXPECT_EQ(part, Make(2, {2, 3}));
+    EXPECT_EQ(a.SubArray(2, 3), Make(2, {2, 3}));
 
     // Both indices count from the destination's lower bound.
     FloatArray source = Make(0, {10, 11, 12, 13});
@@ -164,11 +138,8 @@ TEST(FloatArray, ArithmeticAndItsBoundsTest)
     a *= Make(1, {3, 2});
     a -= Make(1, {1, 1});
     a /= Make(1, {5, 5});
-    EXPECT_EQ(a, Make(1, {1, 1}));
     a *= 4.0f;
-    a += 1.0f;
     a -= 3.0f;
-    a /= 2.0f;
     EXPECT_EQ(a, Make(1, {1, 1}));
     EXPECT_EQ(Make(0, {1, 2}) * Make(0, {3, 4}), 11);
 
@@ -184,7 +155,7 @@ TEST(FloatArray, ArithmeticAndItsBoundsTest)
               "FloatArray : Attempt to multiply arrays of unequal size.");
 }
 
-TEST(FloatArray, TextForms)
+TEST(FloatArray, TextAndBinaryForms)
 {
     FloatArray a = Make(1, {1.5f, -2});
     std::ostringstream ascii, print, shifted;
@@ -194,15 +165,10 @@ TEST(FloatArray, TextForms)
     EXPECT_EQ(print.str(), "           1.5            -2\n");
     shifted << a;
     EXPECT_EQ(shifted.str(), "         1         2\n                 1.5                  -2\n");
-
     FloatArray back;
     std::istringstream in(shifted.str());
     in >> back;
     EXPECT_EQ(back, a);
-    FloatArray read(2);
-    std::istringstream values("4 5");
-    read.ReadAscii(values);
-    EXPECT_EQ(read, Make(0, {4, 5}));
 
     std::ostringstream console;
     std::streambuf* old = std::cout.rdbuf(console.rdbuf());
@@ -211,6 +177,11 @@ TEST(FloatArray, TextForms)
     std::cout.unsetf(std::ios::floatfield);
     std::cout.precision(6);
     EXPECT_EQ(console.str(), "   1.5  -2.0\n");
+
+    size_t bytes = 0;
+    EXPECT_EQ(BinaryRoundTrip(a, bytes), a);
+    EXPECT_EQ(bytes, 16u);
+    EXPECT_EQ(a.BinarySize(false), 8);
 }
 
 TEST(FloatArray, StreamFailuresAreFatal)
@@ -224,14 +195,4 @@ TEST(FloatArray, StreamFailuresAreFatal)
     std::ostringstream broken;
     broken.setstate(std::ios::badbit);
     EXPECT_EQ(FatalText([&] { a.WriteAscii(broken); }), "Error writing FloatArray to ASCII filestream.");
-}
-
-TEST(FloatArray, BinaryFormRoundTrips)
-{
-    FloatArray a = Make(-1, {1.25f, 2, 3});
-    size_t bytes = 0;
-    EXPECT_EQ(BinaryRoundTrip(a, bytes), a);
-    EXPECT_EQ(bytes, 20u);
-    EXPECT_EQ(a.BinarySize(true), 20);
-    EXPECT_EQ(a.BinarySize(false), 12);
 }

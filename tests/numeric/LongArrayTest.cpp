@@ -30,15 +30,10 @@ TEST(LongArray, OneElementIsMadeButNotResizedTo)
     a.Resize(1);     // the size form makes no test
     EXPECT_EQ(a.Upper(), 0);
     EXPECT_EQ(FatalText([&] { a.Resize(1 << 27); }), "Out of memory, LongArray allocation.");
-}
 
-TEST(LongArray, CloneIsAnIndependentCopy)
-{
-    LongArray a = Make(100, {1, 2, 3});
-    std::unique_ptr<LongArray> copy = a.Clone();
-    a[100] = 9;
-    EXPECT_EQ((*copy)[100], 1);
-    EXPECT_TRUE(copy->SameBounds(a));
+    std::unique_ptr<LongArray> copy = single.Clone();
+    single[5] = 9;
+    EXPECT_EQ((*copy)[5], 0);
 }
 
 TEST(LongArray, IntegerArithmeticWrapsAndDividesByTruncation)
@@ -51,26 +46,12 @@ TEST(LongArray, IntegerArithmeticWrapsAndDividesByTruncation)
     EXPECT_EQ(b[0], INT32_MIN);
     EXPECT_EQ(Make(0, {3, 4}).Norm(), 5);
     EXPECT_EQ(Make(0, {1, 1}).Norm(), 1);
-    EXPECT_EQ(Make(0, {-3, 4}).SumAbs(0, 1), 7);
     EXPECT_EQ(Make(0, {2, 3}) * Make(0, {4, 5}), 23);
 
     xRecordingPlatform platform;
     EXPECT_EQ(FatalText([&] { a /= 0; }), "LongArray : Attempt to divide by zero.");
     EXPECT_EQ(FatalText([&] { a += Make(1, {1, 1, 1}); }),
               "LongArray : Attempt to sum arrays of unequal size.");
-}
-
-TEST(LongArray, MinMaxIndexOfAndExactComparison)
-{
-    const int32_t none = -1;
-    LongArray a = Make(100, {none, 4, 2, 9});
-    EXPECT_EQ(a.Min(&none), 2);
-    EXPECT_EQ(a.Max(nullptr), 9);
-    EXPECT_EQ(a.Range(&none), 7);
-    EXPECT_EQ(a.IndexOf(9), 103);
-    EXPECT_EQ(a.IndexOf(5), 0);
-    EXPECT_EQ(a.Count(none), 1);
-    EXPECT_FALSE(a == Make(100, {none, 4, 2, 8}));
 }
 
 TEST(LongArray, TextFormsEndWithCarriageReturnLineFeed)
@@ -98,12 +79,8 @@ TEST(LongArray, TextFormsEndWithCarriageReturnLineFeed)
     std::ostringstream broken;
     broken.setstate(std::ios::badbit);
     EXPECT_EQ(FatalText([&] { a.WriteAscii(broken); }), "Error writing LongArray to ASCII filestream.");
-}
 
-TEST(LongArray, BinaryFormRoundTrips)
-{
-    LongArray a = Make(100, {1, 2, 3});
     size_t bytes = 0;
     EXPECT_EQ(BinaryRoundTrip(a, bytes), a);
-    EXPECT_EQ(a.BinarySize(true), 20);
+    EXPECT_EQ(bytes, 16u);
 }
