@@ -43,9 +43,8 @@ TEST(RecordingPlatform, KeepsMessagesAnswersFromScriptAndThrowsOnFatal)
     PostNote("a %s", "note");
     EXPECT_EQ(PostAsk("Save", "Discard", "Cancel", "x has changed"), 2);
     EXPECT_EQ(PostAsk("Yes", "No", nullptr, "again"), 0);   // script ran out
-    ASSERT_EQ(rec.questions.size(), 2u);
-    EXPECT_EQ(rec.questions[0].third, "Cancel");
-    EXPECT_EQ(rec.questions[1].third, "");
+    EXPECT_EQ(rec.questions.at(0).third, "Cancel");
+    EXPECT_EQ(rec.questions.at(1).third, "");   // a null button is recorded empty
     EXPECT_THROW(PostFatalExit("FloatMatrix: Out of memory!"), xFatalExitError);
     EXPECT_EQ(rec.Transcript(), "note: a note\nfatal: FloatMatrix: Out of memory!\n");
     EXPECT_EQ(&Platform(), &rec);

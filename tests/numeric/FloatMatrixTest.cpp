@@ -218,7 +218,6 @@ TEST(FloatMatrix, BinaryFormAndDump)
     EXPECT_EQ(BinaryRoundTrip(m, bytes), m);
     EXPECT_EQ(bytes, 32u);
     EXPECT_EQ(m.BinarySize(false), 16);
-
     xTempDirectory dir;
     m.Dump("old");
     m.Dump("Title");

@@ -5,28 +5,29 @@
 #include <limits>
 #include <sstream>
 
-TEST(Extract, ReadsAcrossLineEndsAndStopsBehindTheNumber)
+TEST(Extract, ReadsAcrossLineEndsAndAFailedReadKeepsTheTargetAndSticks)
 {
-    std::istringstream in("  12\r\n-3.5e+005 rest\n");
+    std::istringstream in("  12\r\n-3.5e+005 rest 5\n");
     int32_t i = 0;
     float f = 0;
-    ASSERT_TRUE(xExtract::Int(in, i));
-    ASSERT_TRUE(xExtract::Float(in, f));
+    ASSERT_TRUE(xExtract::Int(in, i) && xExtract::Float(in, f));
     EXPECT_EQ(i, 12);
     EXPECT_FLOAT_EQ(f, -350000.0f);
-    EXPECT_EQ(in.get(), ' ');
-}
-
-TEST(Extract, AFailedReadKeepsTheTargetAndFailsEveryLaterRead)
-{
-    std::istringstream in("abc 5");
-    int32_t i = 77;
-    float f = 1.5f;
+    EXPECT_EQ(in.peek(), ' ');   // the stream stops behind the number
     EXPECT_FALSE(xExtract::Int(in, i));
-    EXPECT_EQ(i, 77);
     EXPECT_FALSE(xExtract::Float(in, f));
-    EXPECT_EQ(f, 1.5f);
+    EXPECT_EQ(i, 12);
+    EXPECT_EQ(f, -350000.0f);
     EXPECT_TRUE(in.fail());
+
+    // At the end of the file only a missing number fails.
+    std::istringstream last("7");
+    ASSERT_TRUE(xExtract::Int(last, i));
+    EXPECT_TRUE(last.eof());
+    EXPECT_FALSE(last.fail());
+    EXPECT_FALSE(xExtract::Int(last, i));
+    EXPECT_TRUE(last.fail());
+    EXPECT_EQ(i, 7);
 }
 
 TEST(Extract, NumbersOutOfTheirTypesRangeFail)
@@ -79,16 +80,4 @@ TEST(Extract, TakesTheLongestNumberAndRejectsAnUnfinishedOne)
         in.clear();
         EXPECT_EQ(in.peek(), c.next == -1 ? std::char_traits<char>::eof() : c.next) << c.text;
     }
-}
-
-TEST(Extract, EndOfFileFailsOnlyAMissingNumber)
-{
-    std::istringstream in("12");
-    int32_t i = 0;
-    ASSERT_TRUE(xExtract::Int(in, i));
-    EXPECT_TRUE(in.eof());
-    EXPECT_FALSE(in.fail());
-    EXPECT_FALSE(xExtract::Int(in, i));
-    EXPECT_TRUE(in.fail());
-    EXPECT_EQ(i, 12);
 }
