@@ -1,6 +1,8 @@
 #include "gui/xRecordingPlatform.h"
 #include "model/xEMDesc.h"
 
+#include "xStreamText.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -9,24 +11,12 @@
 
 namespace {
 
-const std::string kExamples = TOLVAD_EXAMPLES_DIR;
-
 std::string Example(const std::string& name)
 {
-    std::ifstream in(kExamples + "/" + name, std::ios::binary);
+    std::ifstream in(std::string(TOLVAD_EXAMPLES_DIR) + "/" + name, std::ios::binary);
     std::ostringstream text;
     text << in.rdbuf();
     return text.str();
-}
-
-std::string Replaced(std::string text, const std::string& from, const std::string& to)
-{
-    size_t at = 0;
-    while ((at = text.find(from, at)) != std::string::npos) {
-        text.replace(at, from.size(), to);
-        at += to.size();
-    }
-    return text;
 }
 
 class EMDesc : public ::testing::Test {
@@ -81,9 +71,6 @@ TEST_F(EMDesc, ANewDescriptorHasTzRzAloneAndWritesBackByteForByte)
     EXPECT_EQ(desc.system, &desc.items["TzRz"]->system);
     EXPECT_EQ(desc.system->header, desc.header.get());
     EXPECT_EQ(desc.GetFileName(), "untitled.DSC");
-    EXPECT_EQ(desc.GetFileType(), "DSC");
-    EXPECT_EQ(desc.fileKind, 0);
-    EXPECT_EQ(desc.systemKind, 4);
 
     const std::string text = NewText();
     EXPECT_EQ(Written().rfind("FILE FORMAT VERSION\n9\n", 0), 0u);
@@ -95,7 +82,7 @@ TEST_F(EMDesc, ANewDescriptorHasTzRzAloneAndWritesBackByteForByte)
     EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
 }
 
-TEST_F(EMDesc, Version9FilesWriteBackByteForByteWhateverTheirLineEndsAndLabels)
+TEST_F(EMDesc, Version8And9FilesWriteBackByteForByteWhateverTheirLineEndsAndLabels)
 {
     for (const char* name : {"survey-time-domain.DSC", "survey-frequency-domain.DSC"}) {
         const std::string text = Example(name);
@@ -110,18 +97,16 @@ TEST_F(EMDesc, Version9FilesWriteBackByteForByteWhateverTheirLineEndsAndLabels)
         }
     }
     EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
-}
 
-TEST_F(EMDesc, AVersion8FileIsWrittenAsVersion9)
-{
+    // A version 8 file is written as version 9; it held the receiver's
+    // absolute position, so nothing moves.
     const std::string text = Example("survey-time-domain.DSC");
     Read(Replaced(text, "VERSION\n9\n", "VERSION\n8\n"));
     EXPECT_EQ(desc.FileVersion(), 8);
-    // Version 8 held the receiver's absolute position, so nothing moves.
     EXPECT_EQ(Written(), text);
 }
 
-TEST_F(EMDesc, Version5GivesOneItemPerPositionedOrientation)
+TEST_F(EMDesc, Version5AndOlderGiveOneItemPerPositionedOrientation)
 {
     Read(kVersion5);
     ASSERT_EQ(desc.items.size(), 2u);
@@ -135,7 +120,6 @@ TEST_F(EMDesc, Version5GivesOneItemPerPositionedOrientation)
     // The oldest files stored the offset; it becomes a position behind the transmitter.
     EXPECT_FLOAT_EQ(tzrz.geometry.rx.x, -10.0f);
     EXPECT_FLOAT_EQ(tzrz.geometry.rx.z, -5.0f);
-    EXPECT_FLOAT_EQ(tzrz.system.weights[2], 0.25f);
     EXPECT_EQ(desc.format->clasf[107], 2);
     EXPECT_EQ(desc.format->clasf[109], 2);
     // Only the later layouts look at the system's name.
@@ -144,10 +128,9 @@ TEST_F(EMDesc, Version5GivesOneItemPerPositionedOrientation)
     desc.UserItemLabels(labels);
     EXPECT_TRUE(labels.empty());
     EXPECT_EQ(desc.ZAslPosition(), 0);
-}
+    EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
 
-TEST_F(EMDesc, UnknownVersionsReadAsVersion5AfterANote)
-{
+    // Unknown versions read as version 5 after a note.
     Read(Replaced(kVersion5, "VERSION\n5\n", "VERSION\n4\n"));
     EXPECT_EQ(platform.Texts(xPlatform::kNote),
               std::vector<std::string>{"Unknown version of EM descriptor (version 4). Conversion to "
@@ -248,8 +231,7 @@ TEST_F(EMDesc, ReadSelectsTheLowestOrientationAndWriteLeavesTheHighest)
     *desc.system->windows.Element(1, 0) = 4.0625f;
     auto count = [](const std::string& text) {
         size_t n = 0;
-        for (size_t at = text.find(" 4.0625 "); at != std::string::npos;
-             at = text.find(" 4.0625 ", at + 1))
+        for (size_t at = 0; (at = text.find(" 4.0625 ", at)) != std::string::npos; ++at)
             ++n;
         return n;
     };
@@ -276,7 +258,6 @@ TEST_F(EMDesc, QueriesMoveTheCurrentOrientation)
 {
     Read(Example("survey-time-domain.DSC"));
     EXPECT_EQ(desc.Channels(108), 10);
-    EXPECT_EQ(desc.current, 108);
     EXPECT_EQ(desc.Channels(101), 0);
     EXPECT_EQ(desc.current, 108);
     float position[3] = {1, 1, 1};
@@ -304,12 +285,10 @@ TEST_F(EMDesc, QueriesMoveTheCurrentOrientation)
 TEST_F(EMDesc, WholeDescriptorQueriesOfAFrequencyDomainSystem)
 {
     Read(Example("survey-frequency-domain.DSC"));
-    xTRClasf channels = desc.ChannelClasf();
-    EXPECT_EQ(channels[101], 4);
-    EXPECT_EQ(channels[109], 6);
-    xTRClasf items = desc.ItemClasf();
-    EXPECT_EQ(items[101], 2);
-    EXPECT_EQ(items[105], 0);
+    EXPECT_EQ(desc.ChannelClasf()[101], 4);
+    EXPECT_EQ(desc.ChannelClasf()[109], 6);
+    EXPECT_EQ(desc.ItemClasf()[101], 2);
+    EXPECT_EQ(desc.ItemClasf()[105], 0);
     EXPECT_EQ(desc.MaxChannels(109), 2);
     EXPECT_EQ(desc.MaxChannels(100), 3);
     std::vector<std::string> labels;
@@ -330,7 +309,6 @@ TEST_F(EMDesc, WholeDescriptorQueriesOfAFrequencyDomainSystem)
     xEMDesc copy;
     copy = desc;
     EXPECT_EQ(copy.header->systemName, desc.header->systemName);
-    EXPECT_EQ(copy.items.size(), 1u);
     EXPECT_EQ(copy.items.at("TzRz")->system.frequencies.Rows(), desc.system->frequencies.Rows());
     EXPECT_EQ(copy.system->header, copy.header.get());
 }

@@ -2,18 +2,13 @@
 
 #include "gui/xRecordingPlatform.h"
 
+#include "xStreamText.h"
+
 #include <gtest/gtest.h>
 
 #include <sstream>
 
 namespace {
-
-std::string Written(const xEMFDesc& format)
-{
-    std::ostringstream out;
-    out << format;
-    return out.str();
-}
 
 // Reads text into a record shaped as the descriptor frame shapes it.
 xEMFDesc ReadBack(const std::string& text, int channels, int16_t frequencyDomain = 0, int version = 9)
@@ -35,64 +30,58 @@ void SetPositions(FloatMatrix& matrix, int code, std::initializer_list<float> va
         matrix.Row(code)[column++] = value;
 }
 
-std::string Replace(std::string text, const std::string& what, const std::string& with)
-{
-    text.replace(text.find(what), what.size(), with);
-    return text;
-}
-
 const char* const kNewRecord =
     "DATA FORMAT\n"
-    "Geosoft format (1 yes, 0 no)\n"
-    "     0\n"
-    "Sample file name (if available)\n"
-    "\n"
-    "Number of comment lines at the beginning of each data file\n"
-    "     0\n"
-    "Number of items in each data record\n"
-    "     0\n"
+    "Geosoft format (1 yes, 0 no)\n     0\n"
+    "Sample file name (if available)\n\n"
+    "Number of comment lines at the beginning of each data file\n     0\n"
+    "Number of items in each data record\n     0\n"
     "POSITION (INDEX) OF CHANNELS IN EACH DATA RECORD\n"
     "channel   ????  TxRx  TxRy  TxRz  TyRx  TyRy  TyRz  TzRx  TzRy  TzRz\n"
     "     1     0     0     0     0     0     0     0     0     0     0\n"
     "----------------------\n"
-    "line          0   1   \n"
-    "FID           0   1   \n"
-    "east          0   1   \n"
-    "north         0   1   \n"
-    "z_topo        0   1   \n"
-    "altitude      0   1   \n"
-    "Rx_pitch      0   0   \n"
-    "Rx_roll       0   0   \n"
-    "Rx_yaw        0   0   \n"
-    "Tx_pitch      0   0   \n"
-    "Tx_roll       0   0   \n"
-    "Tx_yaw        0   0   \n"
+    "line          0   1   \nFID           0   1   \neast          0   1   \n"
+    "north         0   1   \nz_topo        0   1   \naltitude      0   1   \n"
+    "Rx_pitch      0   0   \nRx_roll       0   0   \nRx_yaw        0   0   \n"
+    "Tx_pitch      0   0   \nTx_roll       0   0   \nTx_yaw        0   0   \n"
     "z(ASL)        0   2   \n"
     "----------------------\n";
 
-} // namespace
-
-TEST(FormatRecord, NewRecordWritesTheCurrentLayoutAndReadsBackEqual)
+std::string OlderRecord(int version, bool withTail)
 {
-    xEMFDesc format(0);
-    EXPECT_EQ(format.ChannelCount(), 1);
-    EXPECT_EQ(format.title, "DATA FORMAT");
-    EXPECT_EQ(format.version, 9);
-    EXPECT_EQ(format.OrientationChannels(109), 1);
-    EXPECT_EQ(format.userLabels, std::vector<std::string>{"z(ASL)"});
-    std::ostringstream out;
-    out << format;
-    EXPECT_EQ(out.str(), kNewRecord);
-    EXPECT_TRUE(out.flags() & std::ios::left);
-
-    const xEMFDesc back = ReadBack(kNewRecord, 1);
-    EXPECT_TRUE(back == format);
-    EXPECT_EQ(back.userLabels, format.userLabels);
-    EXPECT_EQ(back.userPositions, format.userPositions);
+    std::string text =
+        "DATA FORMAT\nSample file name (if available)\nsample.dat\n"
+        "Number of comment lines at the beginning of each data file\n3\n"
+        "Number of items in each data record\n40\n"
+        "Position (index) of line label in each data record (starting from 1)\n1\n"
+        "Position (index) of station (FID) label in each data record\n2\n"
+        "Position (index) of xyz coordinates in each data record\n3 4 5\n"
+        "Position (index) of flight altitude in each data record\n6\n";
+    if (version > 5)
+        text += "Position (index) of RECEIVER orientation angles (pitch, roll, yaw)  in each data record\n"
+                "7 8 9\n"
+                "Position (index) of TRANSMITTER orientation angles (pitch, roll, yaw)  in each data record\n"
+                "10 11 12\n";
+    text += "POSITION (INDEX) OF CHANNELS IN EACH DATA RECORD\n"
+            "channel   ????  TxRx  TxRy  TxRz  TyRx  TyRy  TyRz  TzRx  TzRy  TzRz\n"
+            "     1     0     0     0     0     0     0     0     0     0    20\n"
+            "     2     0     0     0     0     0     0     0     0     0    21\n";
+    if (withTail)
+        text += "Geosoft format (1 yes, 0 no)\n1\nUser Defined Items\n2\nmag 30\nz(ASL) 31\n";
+    return text;
 }
+
+} // namespace
 
 TEST(FormatRecord, TimeDomainRoundTripWithAnyLineEnds)
 {
+    xEMFDesc fresh(0);   // at least one channel
+    std::ostringstream out;
+    out << fresh;
+    EXPECT_EQ(out.str(), kNewRecord);
+    EXPECT_TRUE(out.flags() & std::ios::left);
+    EXPECT_TRUE(ReadBack(kNewRecord, 1) == fresh);
+
     xEMFDesc format(3);
     format.geosoft = 1;
     format.sampleFile = "/data/line10.xyz";
@@ -114,21 +103,18 @@ TEST(FormatRecord, TimeDomainRoundTripWithAnyLineEnds)
     EXPECT_NE(text.find("\n     3     0    15     0     0     0     0     0     0     0    22\n"), std::string::npos);
 
     for (const char* ending : {"\n", "\r\n", "\r"}) {
-        std::string converted;
-        for (char c : text)
-            converted += c == '\n' ? std::string(ending) : std::string(1, c);
-        const xEMFDesc back = ReadBack(converted, 3);
-        EXPECT_TRUE(back == format) << converted;
+        const xEMFDesc back = ReadBack(Replaced(text, "\n", ending), 3);
+        EXPECT_TRUE(back == format) << ending;
         EXPECT_TRUE(back.HasSameTitles(format));
         EXPECT_EQ(Written(back), text);
     }
 }
 
-TEST(FormatRecord, FixedRowsGoByPlaceAndUserRowsEndAtTheSeparatorOrTheFile)
+TEST(FormatRecord, FixedRowsGoByPlaceUserRowsEndAtTheSeparatorOrTheFileAndBadNumbersFail)
 {
-    std::string text = Replace(kNewRecord, "line          0   1   ", "anything 11 9");
-    text = Replace(text, "Tx_yaw        0   0   ", "Tx_yaw 77.9");
-    text = Replace(text, "z(ASL)        0   2   \n", "alt  4 2\n\nbig 3000000000 2\nz(ASL) 6 2\n");
+    std::string text = Replaced(kNewRecord, "line          0   1   ", "anything 11 9");
+    text = Replaced(text, "Tx_yaw        0   0   ", "Tx_yaw 77.9");
+    text = Replaced(text, "z(ASL)        0   2   \n", "alt  4 2\n\nbig 3000000000 2\nz(ASL) 6 2\n");
     const xEMFDesc back = ReadBack(text, 1);
     EXPECT_EQ(back.linePos, 11);
     EXPECT_EQ(back.txYawPos, 77);
@@ -145,32 +131,15 @@ TEST(FormatRecord, FixedRowsGoByPlaceAndUserRowsEndAtTheSeparatorOrTheFile)
     EXPECT_EQ(cut.userPositions, (std::vector<int32_t>{4, 0}));
     EXPECT_TRUE(platform.messages.empty());
     EXPECT_EQ(Written(cut).substr(Written(cut).size() - 23), "----------------------\n");
-}
 
-TEST(FormatRecord, FrequencyDomainUsesTwoTablesAndLeavesChannelPositionsZero)
-{
-    xEMFDesc format(2);
-    format.frequencyDomain = 1;
-    SetPositions(format.inPhasePos, 105, {10, 12});
-    SetPositions(format.quadraturePos, 105, {11, 13});
-    const std::string text = Written(format);
-    EXPECT_NE(text.find("POSITION (INDEX) OF IN PHASE IN EACH DATA RECORD\n"
-                        "freq   ????  TxRx  TxRy  TxRz  TyRx  TyRy  TyRz  TzRx  TzRy  TzRz\n"
-                        "     1     0     0     0     0     0    10"),
-              std::string::npos);
-    EXPECT_NE(text.find("POSITION (INDEX) OF QUADRATURE IN EACH DATA RECORD\n"), std::string::npos);
-    EXPECT_EQ(text.find("CHANNELS"), std::string::npos);
-
-    xEMFDesc back = ReadBack(text, 2, 1);
-    EXPECT_TRUE(back == format);
-    EXPECT_EQ(back.inPhasePos, format.inPhasePos);
-    const FloatMatrix zero(100, 109, 1, 2);
-    EXPECT_EQ(back.channelPos, zero);
-    EXPECT_EQ(Written(back), text);
-
-    back.MarkDefinedOrientations();
-    EXPECT_EQ(back.clasf.Count(), 1);
-    EXPECT_EQ(back.OrientationChannels(105), 1);
+    // A bad number fails the stream and keeps the target.
+    xEMFDesc format(1);
+    format.itemCount = 17;
+    std::istringstream in(Replaced(kNewRecord, "     0\nPOSITION", "  many\nPOSITION"));
+    in >> format;
+    EXPECT_TRUE(in.fail());
+    EXPECT_EQ(format.itemCount, 17);
+    EXPECT_EQ(format.userLabels, std::vector<std::string>{"z(ASL)"});
 }
 
 TEST(FormatRecord, TablesFarLargerThanOneWriteStayWholeAndInOrder)
@@ -191,6 +160,7 @@ TEST(FormatRecord, TablesFarLargerThanOneWriteStayWholeAndInOrder)
     const size_t quadrature = text.find("POSITION (INDEX) OF QUADRATURE");
     ASSERT_NE(inPhase, std::string::npos);
     ASSERT_NE(quadrature, std::string::npos);
+    EXPECT_EQ(text.find("CHANNELS"), std::string::npos);
     // Heading, column titles, then one row of 11 fields of 6 a channel.
     EXPECT_EQ(quadrature - inPhase, 49u + 66u + channels * 67u);
     EXPECT_NE(text.find("\n  4000     0     0     0  8000     0     0     0     0     0     0\n"
@@ -205,60 +175,18 @@ TEST(FormatRecord, TablesFarLargerThanOneWriteStayWholeAndInOrder)
     EXPECT_TRUE(back == format);
     EXPECT_EQ(back.inPhasePos, format.inPhasePos);
     EXPECT_EQ(back.quadraturePos, format.quadraturePos);
+    EXPECT_EQ(back.channelPos, FloatMatrix(100, 109, 1, channels));   // left zero
     EXPECT_EQ(Written(back), text);
 }
 
-namespace {
-
-std::string OlderRecord(int version, bool withTail)
-{
-    std::string text =
-        "DATA FORMAT\n"
-        "Sample file name (if available)\n"
-        "sample.dat\n"
-        "Number of comment lines at the beginning of each data file\n"
-        "3\n"
-        "Number of items in each data record\n"
-        "40\n"
-        "Position (index) of line label in each data record (starting from 1)\n"
-        "1\n"
-        "Position (index) of station (FID) label in each data record\n"
-        "2\n"
-        "Position (index) of xyz coordinates in each data record\n"
-        "3 4 5\n"
-        "Position (index) of flight altitude in each data record\n"
-        "6\n";
-    if (version > 5)
-        text += "Position (index) of RECEIVER orientation angles (pitch, roll, yaw)  in each data record\n"
-                "7 8 9\n"
-                "Position (index) of TRANSMITTER orientation angles (pitch, roll, yaw)  in each data record\n"
-                "10 11 12\n";
-    text += "POSITION (INDEX) OF CHANNELS IN EACH DATA RECORD\n"
-            "channel   ????  TxRx  TxRy  TxRz  TyRx  TyRy  TyRz  TzRx  TzRy  TzRz\n"
-            "     1     0     0     0     0     0     0     0     0     0    20\n"
-            "     2     0     0     0     0     0     0     0     0     0    21\n";
-    if (withTail)
-        text += "Geosoft format (1 yes, 0 no)\n"
-                "1\n"
-                "User Defined Items\n"
-                "2\n"
-                "mag 30\n"
-                "z(ASL) 31\n";
-    return text;
-}
-
-} // namespace
-
-TEST(FormatRecord, OlderLayoutsWithAndWithoutAngles)
+TEST(FormatRecord, OlderLayoutsWithAndWithoutAnglesAndTails)
 {
     const xEMFDesc seven = ReadBack(OlderRecord(7, true), 2, 0, 7);
     EXPECT_EQ(seven.sampleFile, "sample.dat");
     EXPECT_EQ(seven.topoPos, 5);
-    EXPECT_EQ(seven.rxYawPos, 9);
     EXPECT_EQ(seven.txRollPos, 11);
     EXPECT_EQ(seven.geosoft, 1);
     EXPECT_EQ(seven.channelPos.Row(109)[2], 21.0f);
-    EXPECT_EQ(seven.userLabels, (std::vector<std::string>{"mag", "z(ASL)"}));
     EXPECT_EQ(seven.userPositions, (std::vector<int32_t>{30, 31}));
     EXPECT_EQ(seven.ZAslPosition(), 31);
     EXPECT_EQ(seven.UserItemsWithoutZAsl(), std::vector<std::string>{"mag"});
@@ -271,16 +199,14 @@ TEST(FormatRecord, OlderLayoutsWithAndWithoutAngles)
     in >> five;
     EXPECT_EQ(five.rxPitchPos, 99);
     EXPECT_EQ(five.channelPos.Row(109)[1], 20.0f);
-}
 
-TEST(FormatRecord, OlderRecordEndingBehindTheTables)
-{
+    // A version 8 record may end behind its tables.
     xEMFDesc format(2);
     format.version = 8;
     format.geosoft = 1;
-    std::istringstream in(OlderRecord(8, false));
-    in >> format;
-    EXPECT_TRUE(in.good());
+    std::istringstream in8(OlderRecord(8, false));
+    in8 >> format;
+    EXPECT_TRUE(in8.good());
     EXPECT_EQ(format.geosoft, 1);
     EXPECT_EQ(format.userLabels, std::vector<std::string>{"z(ASL)"});
     EXPECT_EQ(format.userPositions, std::vector<int32_t>{0});
@@ -291,25 +217,14 @@ TEST(FormatRecord, OlderRecordEndingBehindTheTables)
     for (const char* count : {"2147483647", "-5"}) {
         xEMFDesc odd(2);
         odd.version = 8;
-        std::istringstream oddIn(Replace(tail, "Items\n2\n", std::string("Items\n") + count + "\n"));
+        std::istringstream oddIn(Replaced(tail, "Items\n2\n", std::string("Items\n") + count + "\n"));
         oddIn >> odd;
         EXPECT_EQ(odd.userLabels.back(), "z(ASL)");
         EXPECT_EQ(odd.userLabels.size(), count[0] == '-' ? 1u : 2u);
     }
 }
 
-TEST(FormatRecord, ABadNumberFailsTheStreamAndKeepsTheTarget)
-{
-    xEMFDesc format(1);
-    format.itemCount = 17;
-    std::istringstream in(Replace(kNewRecord, "     0\nPOSITION", "  many\nPOSITION"));
-    in >> format;
-    EXPECT_TRUE(in.fail());
-    EXPECT_EQ(format.itemCount, 17);
-    EXPECT_EQ(format.userLabels, std::vector<std::string>{"z(ASL)"});
-}
-
-TEST(FormatRecord, ShapingAndClearingPositions)
+TEST(FormatRecord, ShapingClearingAndCopyingPositions)
 {
     xEMFDesc format(2);
     SetPositions(format.channelPos, 101, {1, 2});
@@ -327,12 +242,9 @@ TEST(FormatRecord, ShapingAndClearingPositions)
     EXPECT_EQ(format.quadraturePos.ColUpper(), 4);
     format.ResizeChannels(-3);
     EXPECT_EQ(format.ChannelCount(), 1);
-}
 
-TEST(FormatRecord, CopyPositionsGrowsAndMergesNonZeroValues)
-{
+    // Copying grows the target and merges the source's non-zero values.
     xEMFDesc target(1);
-    SetPositions(target.channelPos, 101, {4});
     SetPositions(target.channelPos, 109, {8});
     xEMFDesc source(3);
     SetPositions(source.channelPos, 109, {20, 21, 22});
@@ -376,6 +288,11 @@ TEST(FormatRecord, DefinedOrientationsAndConsecutiveChannels)
     EXPECT_FALSE(format.HasRandomChannels());
     SetPositions(format.quadraturePos, 105, {6, 8, 8});
     EXPECT_TRUE(format.HasRandomChannels());
+    // Here an orientation needs both positions to count as defined.
+    SetPositions(format.inPhasePos, 109, {3});
+    format.MarkDefinedOrientations();
+    EXPECT_EQ(format.clasf.Count(), 1);
+    EXPECT_EQ(format.OrientationChannels(105), 1);
 }
 
 TEST(FormatRecord, UsedPositionsInTheirFixedOrder)

@@ -21,4 +21,12 @@ std::string Written(const Record& record)
     return out.str();
 }
 
+// The text with every occurrence of one piece replaced.
+inline std::string Replaced(std::string text, const std::string& from, const std::string& to)
+{
+    for (size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
+        text.replace(at, from.size(), to);
+    return text;
+}
+
 #endif
