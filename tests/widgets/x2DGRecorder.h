@@ -2,13 +2,15 @@
 #define TOLVAD_TESTS_X2DGRECORDER_H
 
 // Test doubles of the graph port: a surface that writes down every drawing
-// call, a command target that keeps what reaches it, and a plot that counts
-// its hooks.
+// call, a command target that keeps what reaches it, a plot that counts its
+// hooks, and a maker of (x, y) tables.
 
 #include "gui/xPlatform.h"
+#include "numeric/FloatMatrix.h"
 #include "widgets/x2DGPlot.h"
 #include "widgets/x2DGSurface.h"
 
+#include <initializer_list>
 #include <string>
 #include <utility>
 #include <vector>
@@ -57,5 +59,26 @@ public:
     int invalidations = 0;
     std::vector<std::string> cursors;
 };
+
+// A table of two columns, x then y, with rows from 1.
+inline FloatMatrix x2DGTable(std::initializer_list<std::pair<float, float>> rows)
+{
+    FloatMatrix table(1, static_cast<int>(rows.size()), 1, 2);
+    int r = 1;
+    for (const auto& row : rows) {
+        *table.Element(r, 1) = row.first;
+        *table.Element(r++, 2) = row.second;
+    }
+    return table;
+}
+
+// Pixels as (h, v) pairs, to compare whole caches at once.
+inline std::vector<std::pair<int, int>> x2DGPairs(const std::vector<x2DGPixel>& pixels)
+{
+    std::vector<std::pair<int, int>> pairs;
+    for (const x2DGPixel& p : pixels)
+        pairs.emplace_back(p.h, p.v);
+    return pairs;
+}
 
 #endif

@@ -1,7 +1,5 @@
 #include "gui/xRecordingPlatform.h"
 #include "numeric/FloatMatrix.h"
-#include "widgets/x2DGLine.h"
-#include "widgets/x2DGPlot.h"
 #include "widgets/xCardClipboard.h"
 #include "widgets/xChoiceEdWin.h"
 #include "widgets/xEdGrid.h"
@@ -241,22 +239,4 @@ TEST(ClipboardViewer, ShowsTheTextLineByLineWhenThereIsText)
     EXPECT_EQ(window->parentWidget(), &card);
     EXPECT_EQ(window->findChild<QPlainTextEdit*>()->toPlainText(), " 1.0000000e+00\n 2.0000000e+00");
     window->close();
-}
-
-TEST(ClipboardViewer, PastedTableFollowsIntoThePlottedLine)
-{
-    xRecordingPlatform platform;
-    QWidget card;
-    xGridEdView view(&card, QRect(0, 0, 300, 360), 13, 2, 2250, 2);
-    x2DGPlot port(nullptr, x2DGRect{0, 0, 600, 300}, 0, 0);
-    auto* bars = new x2DGLine(&port);
-    view.SetDependentPort(bars);
-    platform.PutClipboardText("0 1\n1 2\n2 3\n");
-    xCardClipboard clipboard;
-    FloatMatrix matrix(1, 2, 1, 2);
-    ASSERT_TRUE(clipboard.PasteTable(matrix));
-    view.SetTable(&matrix, true);
-    EXPECT_EQ(bars->PixelCount(), 3);
-    view.SetTable(nullptr, true);
-    EXPECT_EQ(bars->PixelCount(), 0);
 }

@@ -75,7 +75,7 @@ TEST(MultipleEditBox, StacksItsItemsAndExchangesArraysFromIndexOne)
     EXPECT_EQ(out[1], 0.0f);
 }
 
-TEST(MultipleEditBox, MasksOfCheckStates)
+TEST(MultipleEditBox, MasksOfCheckStatesAndToggles)
 {
     xRecordingPlatform platform;
     xCommandRecorder card;
@@ -90,30 +90,26 @@ TEST(MultipleEditBox, MasksOfCheckStates)
     xMultipleBEditBox empty(&card, QRect(0, 0, 200, 10), FloatArray(), {}, LongArray(), 90, 1);
     EXPECT_EQ(empty.GetCheckedMask(), Longs({0}));
     EXPECT_EQ(empty.GetClearedMask(), Longs({1}));
-}
 
-TEST(MultipleEditBox, ToggleWritesThePresetsAndTellsTheParent)
-{
-    xRecordingPlatform platform;
-    xCommandRecorder card;
-    xMultipleBEditBox box(&card, QRect(0, 0, 200, 10), Floats({2, 0, 0}, 1), kXyz, Longs({1, 0, 0}),
-                          90, 1, "%g");
-    box.SetValueWhenChecked(1.0);
-    box.SetValueWhenCleared(0.0);
-    box.ToggleItem(0);
-    box.ToggleItem(4);
+    // A toggle writes the preset of the new state and tells the parent.
+    xMultipleBEditBox flags(&card, QRect(0, 0, 200, 10), Floats({2, 0, 0}, 1), kXyz, Longs({1, 0, 0}),
+                            90, 1, "%g");
+    flags.SetValueWhenChecked(1.0);
+    flags.SetValueWhenCleared(0.0);
+    flags.ToggleItem(0);
+    flags.ToggleItem(4);
     EXPECT_TRUE(card.received.empty());
-    box.ToggleItem(2);
-    EXPECT_TRUE(box.FlagItem(2)->IsChecked());
-    EXPECT_EQ(Text(box.Item(2)), "1");
+    flags.ToggleItem(2);
+    EXPECT_TRUE(flags.FlagItem(2)->IsChecked());
+    EXPECT_EQ(Text(flags.Item(2)), "1");
     EXPECT_EQ(card.Commands(), (std::vector<long>{10028, 9984}));
-    EXPECT_EQ(card.DataOf(10028), box.FlagItem(2));
-    box.ToggleItem(1);
-    EXPECT_FALSE(box.FlagItem(1)->FlagBox()->isChecked());
-    EXPECT_EQ(Text(box.Item(1)), "0");
+    EXPECT_EQ(card.DataOf(10028), flags.FlagItem(2));
+    flags.ToggleItem(1);
+    EXPECT_FALSE(flags.FlagItem(1)->FlagBox()->isChecked());
+    EXPECT_EQ(Text(flags.Item(1)), "0");
 }
 
-TEST(MultipleEditBox, HidingClosesTheColumnAndMissingItemsAreWarned)
+TEST(MultipleEditBox, HidingClosesTheColumnDisablingLastsAndMissingItemsAreWarned)
 {
     xRecordingPlatform platform;
     xCommandRecorder card;
@@ -137,8 +133,14 @@ TEST(MultipleEditBox, HidingClosesTheColumnAndMissingItemsAreWarned)
               (std::vector<std::string>{
                   "xMultipleBEditBox::HideItem - Attempt to hide non-existent item.",
                   "xMultipleBEditBox::MakeItemPermanentlyDisable - Attempt to disable non-existent item."}));
+    // A permanently disabled item outlives a general enabling.
     box.MakeItemPermanentlyDisable(3);
     box.FlagItem(3)->Enable(true);
-    EXPECT_FALSE(box.Item(3)->Field()->isEnabled());
+    EXPECT_FALSE(box.FlagItem(3)->isEnabled());
+    EXPECT_FALSE(box.FlagItem(3)->FlagBox()->isEnabled());
+    EXPECT_EQ(box.Item(3)->Field()->palette().color(QPalette::Base), QColor(192, 192, 192));
     EXPECT_TRUE(box.Item(1)->Field()->isEnabled());
+    box.FlagItem(3)->MakePermanentlyDisabled(false);
+    EXPECT_TRUE(box.Item(3)->Field()->isEnabled());
+    EXPECT_EQ(box.Item(3)->Field()->palette().color(QPalette::Base), QColor(255, 255, 255));
 }
