@@ -31,8 +31,8 @@ TEST(ModuleLauncherTest, AMissingModuleIsAskedForOnce)
     platform.ChooseNext(2, "/opt/varnel/Editor.exe");
     RunModule("other.exe a.DSC");
     ASSERT_EQ(platform.dialogRequests.size(), 1u);
-    EXPECT_EQ(platform.dialogRequests[0].title, "Module Selection");
-    EXPECT_EQ(platform.dialogRequests[0].filterPattern, "*.EXE");
+    EXPECT_EQ(platform.dialogRequests[0].title + platform.dialogRequests[0].filterPattern,
+              "Module Selection*.EXE");
     EXPECT_EQ(editorName, "/opt/varnel/Editor.exe ");
     EXPECT_EQ(platform.startedPrograms,
               (std::vector<std::string>{"other.exe a.DSC", "/opt/varnel/Editor.exe"}));
@@ -44,7 +44,6 @@ TEST(ModuleLauncherTest, AMissingModuleIsAskedForOnce)
 TEST(ProjectItemTest, CompleteWithAllThreeRegularFiles)
 {
     IniTestPlatform platform;
-    EXPECT_EQ(xProjectItem().title, "Latest Created File");
     xProjectItem project(platform.directory, "line7");
     platform.Put("line7.EMF", "");
     platform.Put("line7.EMW", "");
