@@ -39,7 +39,7 @@ TEST_F(FileDialogTest, AChoiceSetsNameAndDirectoryAndKeepsTheCurrentDirectory)
     EXPECT_EQ(request.filterPattern, "*.DSC");
 }
 
-TEST_F(FileDialogTest, CancelAndFailuresLeaveTheSpec)
+TEST_F(FileDialogTest, CancelAndFailuresLeaveTheFileSpec)
 {
     platform.ChooseNext(1);
     EXPECT_EQ(FileOpenDialog(&spec, "x"), kFileDialogCancelled);
@@ -51,7 +51,7 @@ TEST_F(FileDialogTest, CancelAndFailuresLeaveTheSpec)
     EXPECT_EQ(spec.FullPath(), dir / "sub/old.DSC");
 
     EXPECT_EQ(FileOpenDialog(nullptr, "x"), kFileDialogFailed);
-    spec.type = std::string(490, 'T');   // cut by no setter: a hand-made spec
+    spec.type = std::string(490, 'T');   // cut by no setter: a hand-made xFileSpec
     EXPECT_EQ(FileOpenDialog(&spec, "x"), kFileDialogFailed);
     EXPECT_EQ(platform.dialogRequests.size(), 2u);
     EXPECT_EQ(platform.Texts(xPlatform::kError),
