@@ -164,7 +164,7 @@ void xEMSensorType::AddDipoleComponent(int i)
     if (!ValidComponent(i))
         return;
     components[i] = std::make_unique<FloatMatrix>(1, 3);
-    FloatArray& cosines = components[i]->Row(0);
+    FloatArray cosines = components[i]->Row(0);
     if (i == kLastComponent)
         cosines = 0.33f;
     else
@@ -178,7 +178,7 @@ void xEMSensorType::SetDipoleCosines(int i, const float cosines[3])
     if (!components[i] || components[i]->Rows() < 1 || components[i]->Cols() < 3)
         components[i] = std::make_unique<FloatMatrix>(1, 3);
     FloatMatrix& matrix = *components[i];
-    FloatArray& row = matrix.Row(matrix.RowLower());
+    FloatArray row = matrix.Row(matrix.RowLower());
     for (int c = 0; c < 3; ++c)
         row[row.Lower() + c] = cosines[c];
 }

@@ -59,7 +59,7 @@ bool xEMWaveform::GetScaledTable(FloatMatrix& matrix) const
     float scale = equivalentAmplitude / nominalAmplitude;
     int amplitudeRow = matrix.RowLower() + 1;
     if (amplitudeRow <= matrix.RowUpper()) {
-        FloatArray& amplitudes = matrix.Row(amplitudeRow);
+        FloatArray amplitudes = matrix.Row(amplitudeRow);
         for (int c = amplitudes.Lower(); c <= amplitudes.Upper(); ++c)
             amplitudes[c] = static_cast<float>(static_cast<double>(amplitudes[c]) * scale);
     }

@@ -229,12 +229,15 @@ public:
         return result;
     }
 
-    // One block of count elements, zeroed; null when it can't or mustn't be had.
-    static T* NewBlock(int64_t count)
+    // One block of count elements, zeroed unless the caller fills it whole;
+    // null when it can't or mustn't be had.
+    static T* NewBlock(int64_t count, bool zeroed = true)
     {
         if (count < 0 || count > kMaxElements)
             return nullptr;
-        return new (std::nothrow) T[static_cast<size_t>(count)]();
+        if (zeroed)
+            return new (std::nothrow) T[static_cast<size_t>(count)]();
+        return new (std::nothrow) T[static_cast<size_t>(count)];
     }
 
 protected:

@@ -7,7 +7,43 @@
 
 #include <climits>
 #include <cmath>
+#include <cstdlib>
+#include <new>
 #include <sstream>
+
+// What operator new is asked for while counting is on.
+namespace {
+bool counting = false;
+size_t allocations = 0;
+size_t allocatedBytes = 0;
+
+// Out of line, so that the compiler doesn't take free for a mismatch of new.
+__attribute__((noinline)) void Release(void* block)
+{
+    std::free(block);
+}
+}
+
+void* operator new(std::size_t size)
+{
+    if (counting) {
+        ++allocations;
+        allocatedBytes += size;
+    }
+    if (void* block = std::malloc(size ? size : 1))
+        return block;
+    throw std::bad_alloc();
+}
+
+void operator delete(void* block) noexcept
+{
+    Release(block);
+}
+
+void operator delete(void* block, std::size_t) noexcept
+{
+    Release(block);
+}
 
 namespace {
 // A matrix with the given bounds whose rows are the given lists.
@@ -57,9 +93,9 @@ TEST(FloatMatrix, RowViewsShareTheStorage)
     FloatMatrix m(1, 3, 5, 6);
     m.Row(2)[6] = 4;
     EXPECT_EQ(m.Element(2, 6), &m.Row(2)[6]);
-    EXPECT_EQ(m.RowOrNull(0), nullptr);
-    EXPECT_EQ(m.RowOrNull(4), nullptr);
-    EXPECT_EQ(m.RowOrNull(3), &m.Row(3));
+    EXPECT_FALSE(m.RowOrNull(0));
+    EXPECT_FALSE(m.RowOrNull(4));
+    EXPECT_EQ(m.RowOrNull(3)->Data(), m.Row(3).Data());
 
     float seven = 7;
     m.FillRow(1, &seven);
@@ -68,6 +104,27 @@ TEST(FloatMatrix, RowViewsShareTheStorage)
     m.Row(3) = MakeArray<FloatArray>(5, {1.0f, 2.0f});
     EXPECT_EQ(m.RowArray(3), MakeArray<FloatArray>(5, {1.0f, 2.0f}));
     EXPECT_EQ(FloatMatrix(MakeArray<FloatArray>(2, {8.0f, 9.0f})), Make(0, 2, {{8, 9}}));
+}
+
+TEST(FloatMatrix, ATableCostsItsNumbersAloneAndCopiesAsOneBlock)
+{
+    FloatMatrix m(1, 1000, 0, 1);
+    counting = true;
+    allocations = allocatedBytes = 0;
+    m.Row(500)[1] = 3;
+    const FloatMatrix& view = m;
+    const float read = view.Row(500)[1];
+    const size_t forViews = allocations;
+    FloatMatrix copy(m);
+    FloatMatrix assigned;
+    assigned = m;
+    counting = false;
+    EXPECT_EQ(read, 3);
+    EXPECT_EQ(forViews, 0u);
+    EXPECT_EQ(allocations, 2u);
+    EXPECT_EQ(allocatedBytes, 2 * 1000 * 2 * sizeof(float));
+    EXPECT_EQ(copy, m);
+    EXPECT_EQ(assigned, m);
 }
 
 TEST(FloatMatrix, TransposeFlipAndParts)
@@ -174,7 +231,7 @@ TEST(FloatMatrix, RowEditingIsRefusedAndImpossibleSizesAreFatal)
     EXPECT_EQ(FatalText([] { FloatMatrix big(1 << 14, 1 << 13); }), "FloatMatrix: Out of memory!");
     EXPECT_EQ(FatalText([&] { m.Resize(INT32_MIN, INT32_MAX, 0, 0); }), "FloatMatrix: Out of memory!");
     EXPECT_EQ(m.Total(), 0);
-    EXPECT_EQ(m.RowOrNull(0), nullptr);
+    EXPECT_FALSE(m.RowOrNull(0));
 }
 
 TEST(FloatMatrix, TextForms)
