@@ -1,13 +1,24 @@
 #include "model/xDscText.h"
 
 #include "frame/xDoc.h"
+#include "gui/xPlatform.h"
 #include "numeric/FloatArray.h"
 #include "numeric/xExtract.h"
 
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <istream>
+#include <limits>
+#include <ostream>
+
+namespace {
+
+// Tables up to this many rows read as they are, whatever follows them.
+constexpr int64_t kRowsAlwaysRead = 65536;
+// The least a row takes in the file: a digit and its line end.
+constexpr int64_t kLeastRowBytes = 2;
+
+} // namespace
 
 void xDscText::AppendField(std::string& line, const char* text, int length, int width)
 {
@@ -18,18 +29,18 @@ void xDscText::AppendField(std::string& line, const char* text, int length, int 
 
 void xDscText::AppendFloat(std::string& line, float value, int width)
 {
+    // "inf" and "nan" would not read back: the file keeps a number instead.
+    if (std::isnan(value))
+        value = 0.0f;
+    else if (std::isinf(value))
+        value = std::copysign(std::numeric_limits<float>::max(), value);
+    // Exactly what "%.6g" gives in the C locale, without a format string and
+    // whatever LC_NUMERIC says. Six digits round the largest float down, so
+    // every number written reads back as a float.
     char buffer[48];
-    double wide = value;
-    int length;
-    if (std::isfinite(wide)) {
-        // Exactly what "%.6g" gives, without the cost of a format string.
-        auto result = std::to_chars(buffer, buffer + sizeof buffer, wide,
-                                    std::chars_format::general, 6);
-        length = static_cast<int>(result.ptr - buffer);
-    } else {
-        length = std::snprintf(buffer, sizeof buffer, "%.6g", wide);
-    }
-    AppendField(line, buffer, length, width);
+    auto result = std::to_chars(buffer, buffer + sizeof buffer, static_cast<double>(value),
+                                std::chars_format::general, 6);
+    AppendField(line, buffer, static_cast<int>(result.ptr - buffer), width);
 }
 
 void xDscText::AppendInt(std::string& line, long value, int width)
@@ -37,6 +48,14 @@ void xDscText::AppendInt(std::string& line, long value, int width)
     char buffer[24];
     auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
     AppendField(line, buffer, static_cast<int>(result.ptr - buffer), width);
+}
+
+void xDscText::AppendColumnInt(std::string& line, long value, int width)
+{
+    char buffer[24];
+    auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
+    const int length = static_cast<int>(result.ptr - buffer);
+    AppendField(line, buffer, length, length >= width ? length + 1 : width);
 }
 
 void xDscText::AppendRow(std::string& line, const float* values, int count, int width,
@@ -50,12 +69,53 @@ void xDscText::AppendRow(std::string& line, const float* values, int count, int 
     line += '\n';
 }
 
-int32_t xDscText::ReadCount(std::istream& in, int32_t fallback)
+void xDscText::Flush(std::ostream& out, std::string& text)
 {
-    int32_t count = fallback;
+    out.write(text.data(), static_cast<std::streamsize>(text.size()));
+    text.clear();
+}
+
+void xDscText::FlushFull(std::ostream& out, std::string& text)
+{
+    if (text.size() >= kWriteChunk)
+        Flush(out, text);
+}
+
+int32_t xDscText::ReadCount(std::istream& in, int cols)
+{
+    int32_t count = 0;
     xExtract::Int(in, count);
     xDoc::GetLine(in);
-    return count < 0 ? 0 : count;
+    if (count < 0)
+        count = 0;
+    CheckTableRows(in, count, cols);
+    return count;
+}
+
+void xDscText::CheckTableRows(std::istream& in, int64_t rows, int cols)
+{
+    if (rows <= kRowsAlwaysRead || rows * cols > FloatArray::kMaxElements)
+        return;
+    const int64_t left = BytesLeft(in);
+    if (left >= 0 && left < rows * kLeastRowBytes)
+        PostFatalExit("xEMDesc::Read()  Error reading EM system descriptor.");
+}
+
+int64_t xDscText::BytesLeft(std::istream& in)
+{
+    // Asked of the buffer, so that the stream's state stays as it is; a
+    // stream that can't seek (a pipe) can't tell.
+    std::streambuf* buffer = in.rdbuf();
+    if (!buffer || in.fail())
+        return -1;
+    const std::streampos here = buffer->pubseekoff(0, std::ios::cur, std::ios::in);
+    if (here == std::streampos(-1))
+        return -1;
+    const std::streampos end = buffer->pubseekoff(0, std::ios::end, std::ios::in);
+    buffer->pubseekpos(here, std::ios::in);
+    if (end == std::streampos(-1))
+        return -1;
+    return static_cast<int64_t>(end - here);
 }
 
 bool xDscText::Failed(const std::istream& in)

@@ -88,16 +88,6 @@ void AppendItemRow(std::string& text, const std::string& name, int32_t position,
     text += '\n';
 }
 
-// Text is handed to the stream in pieces of about this size, so that a table
-// of many channels is never held whole in memory a second time.
-constexpr size_t kWriteChunk = 1 << 16;
-
-void Flush(std::ostream& out, std::string& text)
-{
-    out.write(text.data(), static_cast<std::streamsize>(text.size()));
-    text.clear();
-}
-
 void AppendTable(std::ostream& out, std::string& text, const char* heading, const char* column,
                  const FloatMatrix& matrix)
 {
@@ -115,12 +105,11 @@ void AppendTable(std::ostream& out, std::string& text, const char* heading, cons
         rows[k] = &matrix.Row(kFirstOrientationCode + k)[matrix.ColLower()];
     const int columns = matrix.ColUpper() - matrix.ColLower() + 1;
     for (int j = 0; j < columns; ++j) {
-        xDscText::AppendInt(text, matrix.ColLower() + j, kTableWidth);
+        xDscText::AppendColumnInt(text, matrix.ColLower() + j, kTableWidth);
         for (int k = 0; k < kCodes; ++k)
-            xDscText::AppendInt(text, Truncate(rows[k][j]), kTableWidth);
+            xDscText::AppendColumnInt(text, Truncate(rows[k][j]), kTableWidth);
         text += '\n';
-        if (text.size() >= kWriteChunk)
-            Flush(out, text);
+        xDscText::FlushFull(out, text);
     }
 }
 
@@ -430,7 +419,7 @@ bool xEMFDesc::HasSameTitles(const xEMFDesc& other) const
 void xEMFDesc::Write(std::ostream& out) const
 {
     std::string text;
-    text.reserve(kWriteChunk + 1024);
+    text.reserve(xDscText::kWriteChunk + 1024);
 
     AppendLine(text, title);
     AppendLine(text, "Geosoft format (1 yes, 0 no)");
@@ -450,7 +439,7 @@ void xEMFDesc::Write(std::ostream& out) const
     } else {
         AppendTable(out, text, kChannelHeading, "channel ", channelPos);
     }
-    Flush(out, text);
+    xDscText::Flush(out, text);
 
     // Item rows are left-justified, and the stream is left so.
     out.setf(std::ios::left, std::ios::adjustfield);
@@ -461,7 +450,7 @@ void xEMFDesc::Write(std::ostream& out) const
     for (size_t i = 0; i < users; ++i)
         AppendItemRow(text, userLabels[i], userPositions[i], kUserItemClass);
     AppendLine(text, kTableSeparator);
-    Flush(out, text);
+    xDscText::Flush(out, text);
 }
 
 void xEMFDesc::Read(std::istream& in)

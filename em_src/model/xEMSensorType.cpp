@@ -316,6 +316,7 @@ bool ReadShape(std::istream& in, xEMSensorType& sensor, int i)
         xExtract::Int(in, rows);
         if (rows < 0)
             rows = 0;
+        xDscText::CheckTableRows(in, rows, 3);
     } else {
         return false;
     }

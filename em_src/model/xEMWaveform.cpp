@@ -75,7 +75,7 @@ std::istream& operator>>(std::istream& in, xEMWaveform& waveform)
     xExtract::Float(in, waveform.nominalAmplitude);
     xExtract::Float(in, waveform.equivalentAmplitude);
     waveform.amplitudeUnit = BracketUnit(xDoc::GetLine(in));
-    int32_t rows = xDscText::ReadCount(in);
+    int32_t rows = xDscText::ReadCount(in, kColumns);
     waveform.table.Resize(1, rows, 0, kColumns - 1);
     waveform.errorUnit = BracketUnit(xDoc::GetLine(in));
     FloatMatrix& table = waveform.table;
@@ -106,7 +106,9 @@ std::ostream& operator<<(std::ostream& out, const xEMWaveform& waveform)
             for (int c = 0; c < kColumns; ++c)
                 values[c] = xDscText::Cell(row, c);
             xDscText::AppendRow(text, values, kColumns, kFieldWidth, " ");
+            xDscText::FlushFull(out, text);
         }
     }
-    return out << text;
+    xDscText::Flush(out, text);
+    return out;
 }
