@@ -9,7 +9,6 @@
 #include <cstring>
 #include <fstream>
 #include <iomanip>
-#include <new>
 #include <utility>
 
 namespace {

@@ -143,7 +143,10 @@ protected:
     int32_t colLower = 0;
     int32_t colUpper = -1;
     int32_t total = 0;
-    std::unique_ptr<float[]> data;        // null when empty
+    struct BlockFree {
+        void operator()(float* block) const { FloatArray::FreeBlock(block); }
+    };
+    std::unique_ptr<float[], BlockFree> data;   // null when empty
 
 private:
     // Takes the new bounds; the data stay when the shape and colLower do.
