@@ -2,11 +2,12 @@
 
 #include "frame/xDoc.h"
 #include "gui/xPlatform.h"
-#include "numeric/FloatArray.h"
+#include "numeric/FloatMatrix.h"
 #include "numeric/xExtract.h"
 
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <istream>
 #include <limits>
 #include <ostream>
@@ -17,6 +18,8 @@ namespace {
 constexpr int64_t kRowsAlwaysRead = 65536;
 // The least a row takes in the file: a digit and its line end.
 constexpr int64_t kLeastRowBytes = 2;
+// Room for the text of any float or long.
+constexpr int kNumberText = 32;
 
 } // namespace
 
@@ -27,7 +30,7 @@ void xDscText::AppendField(std::string& line, const char* text, int length, int 
     line.append(text, static_cast<size_t>(length));
 }
 
-void xDscText::AppendFloat(std::string& line, float value, int width)
+int xDscText::FloatText(char* buffer, float value)
 {
     // "inf" and "nan" would not read back: the file keeps a number instead.
     if (std::isnan(value))
@@ -37,10 +40,15 @@ void xDscText::AppendFloat(std::string& line, float value, int width)
     // Exactly what "%.6g" gives in the C locale, without a format string and
     // whatever LC_NUMERIC says. Six digits round the largest float down, so
     // every number written reads back as a float.
-    char buffer[48];
-    auto result = std::to_chars(buffer, buffer + sizeof buffer, static_cast<double>(value),
+    auto result = std::to_chars(buffer, buffer + kNumberText, static_cast<double>(value),
                                 std::chars_format::general, 6);
-    AppendField(line, buffer, static_cast<int>(result.ptr - buffer), width);
+    return static_cast<int>(result.ptr - buffer);
+}
+
+void xDscText::AppendFloat(std::string& line, float value, int width)
+{
+    char text[kNumberText];
+    AppendField(line, text, FloatText(text, value), width);
 }
 
 void xDscText::AppendInt(std::string& line, long value, int width)
@@ -61,12 +69,30 @@ void xDscText::AppendColumnInt(std::string& line, long value, int width)
 void xDscText::AppendRow(std::string& line, const float* values, int count, int width,
                          const char* separator)
 {
+    // A row is put together on the stack and handed over whole: the tables
+    // are most of a descriptor's text.
+    const size_t gap = std::strlen(separator);
+    char row[256];
+    size_t used = 0;
     for (int i = 0; i < count; ++i) {
-        if (i > 0)
-            line += separator;
-        AppendFloat(line, values[i], width);
+        char text[kNumberText];
+        const int length = FloatText(text, values[i]);
+        const size_t lead = i > 0 ? gap : 0;
+        const size_t pad = width > length ? static_cast<size_t>(width - length) : 0;
+        if (used + lead + pad + static_cast<size_t>(length) + 1 > sizeof row) {
+            line.append(row, used);
+            used = 0;
+            line.append(separator, lead);
+            AppendField(line, text, length, width);
+            continue;
+        }
+        std::memcpy(row + used, separator, lead);
+        std::memset(row + used + lead, ' ', pad);
+        std::memcpy(row + used + lead + pad, text, static_cast<size_t>(length));
+        used += lead + pad + static_cast<size_t>(length);
     }
-    line += '\n';
+    row[used++] = '\n';
+    line.append(row, used);
 }
 
 void xDscText::Flush(std::ostream& out, std::string& text)
@@ -128,8 +154,10 @@ void xDscText::SkipLine(std::istream& in)
     xDoc::GetLine(in);
 }
 
-float xDscText::Cell(const FloatArray& row, int c)
+void xDscText::RowCells(const FloatMatrix& table, int r, float* values, int count)
 {
-    long index = static_cast<long>(row.Lower()) + c;
-    return index <= row.Upper() ? row[static_cast<int>(index)] : 0.0f;
+    const int cols = table.Cols();
+    const float* row = table.Data() + (int64_t(r) - table.RowLower()) * cols;
+    for (int c = 0; c < count; ++c)
+        values[c] = c < cols ? row[c] : 0.0f;
 }

@@ -5,7 +5,7 @@
 #include <iosfwd>
 #include <string>
 
-class FloatArray;
+class FloatMatrix;
 
 // What the record readers and writers of the .DSC text share: numbers as the
 // stream's default format prints them (a float with six significant digits,
@@ -64,12 +64,14 @@ public:
             SkipLine(in);
     }
 
-    // Column c of a row, counted from the row's first column; 0 where the row
-    // is too short.
-    static float Cell(const FloatArray& row, int c);
+    // The first count cells of row r of table, from its first column; 0
+    // where the table has fewer columns.
+    static void RowCells(const FloatMatrix& table, int r, float* values, int count);
 
 private:
     static void AppendField(std::string& line, const char* text, int length, int width);
+    // The text of a float in buffer (at least 32 characters); its length.
+    static int FloatText(char* buffer, float value);
     static bool Failed(const std::istream& in);
     static void SkipLine(std::istream& in);
     // Bytes between the read position and the end; -1 when the stream can't tell.

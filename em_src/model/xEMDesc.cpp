@@ -363,8 +363,10 @@ void xEMDesc::ReadVersion8(int version)
     }
 
     format->version = kFileVersion;
-    format->ResizeChannels(MaxChannels(100));
+    // Cleared while still small and then widened: all of it is zero either
+    // way, and the wide tables' pages stay untouched until positions are read.
     format->ClearPositions(100);
+    format->ResizeChannels(MaxChannels(100));
     format->frequencyDomain = header->IsFrequencyDomain();
     format->SetClasf(clasf);
     in >> *format;

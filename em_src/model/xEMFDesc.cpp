@@ -51,6 +51,19 @@ float At(const FloatMatrix& matrix, int code, int column)
     return matrix.Row(code)[column];
 }
 
+// Rows of a position table, one per orientation code.
+constexpr int kCodes = kLastOrientationCode - kFirstOrientationCode + 1;
+
+// Where each orientation's positions begin. A row's positions lie side by
+// side, so a table of many channels is walked by pointer, not by a row view
+// per number.
+template <class Float, class Matrix>
+void RowStarts(Matrix& matrix, Float* (&starts)[kCodes])
+{
+    for (int k = 0; k < kCodes; ++k)
+        starts[k] = &matrix.Row(kFirstOrientationCode + k)[matrix.ColLower()];
+}
+
 void Skip(std::istream& in, int lines)
 {
     for (int i = 0; i < lines; ++i)
@@ -99,10 +112,8 @@ void AppendTable(std::ostream& out, std::string& text, const char* heading, cons
         text += name;
     }
     text += '\n';
-    constexpr int kCodes = kLastOrientationCode - kFirstOrientationCode + 1;
     const float* rows[kCodes];
-    for (int k = 0; k < kCodes; ++k)
-        rows[k] = &matrix.Row(kFirstOrientationCode + k)[matrix.ColLower()];
+    RowStarts(matrix, rows);
     const int columns = matrix.ColUpper() - matrix.ColLower() + 1;
     for (int j = 0; j < columns; ++j) {
         xDscText::AppendColumnInt(text, matrix.ColLower() + j, kTableWidth);
@@ -158,11 +169,13 @@ int SplitItemRow(const std::string& line, std::string* name, int32_t& position)
 // One position table, rows 1 to rows, then the rest of the last row's line.
 void ReadRows(std::istream& in, FloatMatrix& matrix, int rows)
 {
-    xDscText::ReadRows(in, rows, [&in, &matrix](int32_t offset) {
+    float* columns[kCodes];
+    RowStarts(matrix, columns);
+    xDscText::ReadRows(in, rows, [&in, &columns](int32_t offset) {
         int32_t index = 0;
         xExtract::Int(in, index);
-        for (int code = kFirstOrientationCode; code <= kLastOrientationCode; ++code)
-            xExtract::Float(in, At(matrix, code, offset + 1));
+        for (float* column : columns)
+            xExtract::Float(in, column[offset]);
     });
 }
 
@@ -323,6 +336,12 @@ bool xEMFDesc::HasRandomChannels() const
 void xEMFDesc::RebuildUsedPositions()
 {
     usedPositions.clear();
+    // Sized once: a record of many channels holds a position per channel and orientation.
+    size_t count = kFixedItemCount + userPositions.size();
+    for (int code = kFirstOrientationCode + 1; code <= kLastOrientationCode; ++code)
+        if (clasf[code] != 0)
+            count += size_t(frequencyDomain ? 2 : 1) * size_t(std::max(channelPos.Cols(), 0));
+    usedPositions.reserve(count);
     for (int32_t xEMFDesc::*field : kFixedFields)
         usedPositions.push_back(this->*field);
     for (int code = kFirstOrientationCode + 1; code <= kLastOrientationCode; ++code) {

@@ -223,7 +223,9 @@ void WriteFrequencies(std::ostream& out, std::string& text, const xEMSDesc& desc
     text += '\n';
     text += kSeparator;
     for (int r = table.RowLower(), offset = 0; r <= table.RowUpper(); ++r, ++offset) {
-        float values[2] = {xDscText::Cell(table.Row(r), 0), desc.WeightAt(offset)};
+        float values[2];
+        xDscText::RowCells(table, r, values, 1);
+        values[1] = desc.WeightAt(offset);
         xDscText::AppendRow(text, values, 2, kFieldWidth, "");
         xDscText::FlushFull(out, text);
     }
@@ -243,8 +245,9 @@ void WriteWindows(std::ostream& out, std::string& text, const xEMSDesc& desc)
     xDscText::AppendInt(text, table.Rows());
     text += "\n       START          END       WEIGHT\n";
     for (int r = table.RowLower(), offset = 0; r <= table.RowUpper(); ++r, ++offset) {
-        const FloatArray& row = table.Row(r);
-        float values[3] = {xDscText::Cell(row, 0), xDscText::Cell(row, 1), desc.WeightAt(offset)};
+        float values[3];
+        xDscText::RowCells(table, r, values, 2);
+        values[2] = desc.WeightAt(offset);
         xDscText::AppendRow(text, values, 3, kFieldWidth, " ");
         xDscText::FlushFull(out, text);
     }

@@ -24,9 +24,7 @@ const int kZ = 3;
 
 void xEMSensorType::ShapePoint(const FloatMatrix& matrix, int r, float point[3])
 {
-    const FloatArray& row = matrix.Row(r);
-    for (int c = 0; c < 3; ++c)
-        point[c] = xDscText::Cell(row, c);
+    xDscText::RowCells(matrix, r, point, 3);
 }
 
 xEMSensorType::xEMSensorType()

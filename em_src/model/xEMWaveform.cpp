@@ -102,9 +102,7 @@ std::ostream& operator<<(std::ostream& out, const xEMWaveform& waveform)
         text += "\n        TIME      CURRENT        ERROR  [ppm]\n";
         float values[kColumns];
         for (int r = table.RowLower(); r <= table.RowUpper(); ++r) {
-            const FloatArray& row = table.Row(r);
-            for (int c = 0; c < kColumns; ++c)
-                values[c] = xDscText::Cell(row, c);
+            xDscText::RowCells(table, r, values, kColumns);
             xDscText::AppendRow(text, values, kColumns, kFieldWidth, " ");
             xDscText::FlushFull(out, text);
         }
