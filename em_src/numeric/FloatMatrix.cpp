@@ -311,7 +311,9 @@ FloatArray FloatMatrix::RowArray(int r) const
 {
     if (r < rowLower || r > rowUpper)
         return FloatArray(colLower, colUpper);
-    return FloatArray(Row(r));
+    // Copied from a named view: the array owns its numbers and outlives the matrix.
+    const FloatArray view = Row(r);
+    return FloatArray(view);
 }
 
 FloatMatrix FloatMatrix::SubMatrix(int rowFrom, int colFrom, int rowTo, int colTo) const

@@ -68,7 +68,10 @@ TEST(FloatMatrix, RowViewsShareTheStorage)
     m.FillCol(5, &seven);
     EXPECT_EQ(m, Make(1, 5, {{7, 7}, {7, 4}, {7, 0}}));
     m.Row(3) = MakeArray<FloatArray>(5, {1.0f, 2.0f});
-    EXPECT_EQ(m.RowArray(3), MakeArray<FloatArray>(5, {1.0f, 2.0f}));
+    FloatArray copy = m.RowArray(3);
+    EXPECT_TRUE(copy.Owns());
+    m.Row(3)[5] = 9;
+    EXPECT_EQ(copy, MakeArray<FloatArray>(5, {1.0f, 2.0f}));
     EXPECT_EQ(FloatMatrix(MakeArray<FloatArray>(2, {8.0f, 9.0f})), Make(0, 2, {{8, 9}}));
 }
 
