@@ -1,9 +1,11 @@
 // tolvad-dsc: descriptors without a screen, for scripts and batch work on
 // archives of old files. Messages of the model go to standard error, one line
 // each; a fatal one ends the program with status 2 and leaves no half-written
-// file behind.
+// file behind. A file that is no descriptor is never written over: in a batch
+// over an archive, a stray text file must not turn into a blank descriptor.
 
 #include "app/xEdit2App.h"
+#include "frame/xFileReplacer.h"
 #include "gui/xHeadlessPlatform.h"
 #include "model/xEMDesc.h"
 #include "model/xTRClasf.h"
@@ -18,7 +20,6 @@
 #include <iostream>
 #include <string>
 #include <sys/stat.h>
-#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -40,8 +41,10 @@ const char kUsage[] =
     "\n"
     "Messages of the descriptor go to standard error as \"note:\", \"warning:\",\n"
     "\"error:\" or \"fatal:\" lines. Exit status: 0 done, 1 a file could not be read or\n"
-    "written or the command line is wrong, 2 a fatal error in the descriptor or an\n"
-    "unsupported transmitter.\n";
+    "written or the command line is wrong, 2 IN is no descriptor that can be read\n"
+    "(its first line is not \"FILE FORMAT VERSION\", no version number follows, or\n"
+    "it is version 6), a fatal error in the descriptor or an unsupported\n"
+    "transmitter. OUT is written only with status 0; otherwise it stays as it was.\n";
 
 int Usage()
 {
@@ -75,73 +78,51 @@ bool OpenInput(const std::string& path, std::ifstream& in, std::string& reason)
     return true;
 }
 
-// Reads IN into the descriptor; false after a plain message when it can't be opened.
-bool ReadDescriptor(const std::string& path, xEMDesc& desc)
+// Why the descriptor just read from path is none the tool may take as one;
+// empty when it is. The reader has gone on and shown its own messages.
+std::string Refusal(const xEMDesc& desc, const std::string& path)
+{
+    if (!desc.HasVersionLabel())
+        return path + " is not a descriptor: its first line is not \"FILE FORMAT VERSION\"";
+    if (!desc.HasVersionNumber())
+        return path + " is not a descriptor: no version number follows \"FILE FORMAT VERSION\"";
+    if (desc.FileVersion() == 6)
+        return path + " is a descriptor of version 6, which is not supported";
+    return std::string();
+}
+
+// Reads IN into the descriptor. Status 1 after a plain message when it can't
+// be opened, 2 after an error when it is no descriptor, else 0.
+int ReadDescriptor(const std::string& path, xEMDesc& desc)
 {
     std::ifstream in;
     std::string reason;
-    if (!OpenInput(path, in, reason)) {
-        Fail("cannot read " + path + ": " + reason);
-        return false;
-    }
+    if (!OpenInput(path, in, reason))
+        return Fail("cannot read " + path + ": " + reason);
     desc.ReadFrom(in);
-    if (in.bad()) {
-        Fail("cannot read " + path + ": read error");
-        return false;
+    if (in.bad())
+        return Fail("cannot read " + path + ": read error");
+    const std::string refusal = Refusal(desc, path);
+    if (!refusal.empty()) {
+        PostError("%s", refusal.c_str());
+        return 2;
     }
-    return true;
+    return 0;
 }
 
-// Writes the descriptor to a temporary file beside OUT and renames it over OUT
-// when all went well, so OUT is either the whole new file or untouched.
+// Replaces OUT whole with the descriptor, so that OUT is either the complete
+// new file or untouched; a link OUT is written through, and mode, owner and
+// group stay.
 int WriteDescriptor(xHeadlessPlatform& platform, xEMDesc& desc, const std::string& path)
 {
-    std::string directory = ".";
-    std::string::size_type slash = path.rfind('/');
-    if (slash != std::string::npos)
-        directory = slash == 0 ? "/" : path.substr(0, slash);
-    std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
-    if (name.empty())
-        return Fail("cannot write " + path + ": no file name");
-
-    std::string temp = directory + "/." + name + ".XXXXXX";
-    std::vector<char> pattern(temp.begin(), temp.end());
-    pattern.push_back('\0');
-    int fd = ::mkstemp(pattern.data());
-    if (fd < 0)
-        return Fail("cannot write " + path + ": " + std::strerror(errno));
-    temp.assign(pattern.data());
-    // mkstemp makes the file private: give it the mode OUT has, or that of a
-    // newly created file, so that upgrading in place keeps who may read it.
-    mode_t mask = ::umask(0);
-    ::umask(mask);
-    mode_t mode = 0666 & ~mask;
-    struct stat existing;
-    if (::stat(path.c_str(), &existing) == 0 && S_ISREG(existing.st_mode))
-        mode = existing.st_mode & 07777;
-    ::fchmod(fd, mode);
-    ::close(fd);
-
-    platform.SetFatalHook([temp] { std::remove(temp.c_str()); });
-    bool written = false;
-    {
-        std::ofstream out(temp, std::ios::out | std::ios::trunc | std::ios::binary);
-        if (out.is_open()) {
-            desc.WriteTo(out);
-            out.flush();
-            written = out.good();
-        }
-    }
+    xFileReplacer replacer(path);
+    if (!replacer.Begin())
+        return Fail("cannot write " + path + ": " + replacer.Reason());
+    platform.SetFatalHook([&replacer] { replacer.Abandon(); });
+    desc.WriteTo(replacer.Stream());
     platform.SetFatalHook(nullptr);
-    if (!written) {
-        std::remove(temp.c_str());
-        return Fail("cannot write " + path);
-    }
-    if (std::rename(temp.c_str(), path.c_str()) != 0) {
-        int error = errno;
-        std::remove(temp.c_str());
-        return Fail("cannot write " + path + ": " + std::strerror(error));
-    }
+    if (!replacer.Commit())
+        return Fail("cannot write " + path + ": " + replacer.Reason());
     return 0;
 }
 
@@ -153,8 +134,8 @@ std::string SensorText(const xEMSensorType& sensor)
 int Info(const std::string& path)
 {
     xEMDesc desc;
-    if (!ReadDescriptor(path, desc))
-        return 1;
+    if (int status = ReadDescriptor(path, desc))
+        return status;
     const bool frequencyDomain = desc.header->IsFrequencyDomain();
     std::cout << "File:          " << path << '\n'
               << "Version read:  " << desc.FileVersion() << '\n'
@@ -197,8 +178,8 @@ int Field(const std::string& path, const std::string& orientation, const char* c
     if (code == 100)
         return Fail("unknown orientation " + orientation + " (TxRx ... TzRz)");
     xEMDesc desc;
-    if (!ReadDescriptor(path, desc))
-        return 1;
+    if (int status = ReadDescriptor(path, desc))
+        return status;
     if (!desc.SetCurrent(code))
         return Fail(path + " has no orientation " + orientation);
     FloatArray field(3);
@@ -215,6 +196,8 @@ int main(int argc, char** argv)
 {
     xHeadlessPlatform platform;
     SetPlatform(&platform);
+    // Interrupted while writing: the temporary file beside OUT goes too.
+    xFileReplacer::RemoveTemporariesOnSignals();
     std::vector<std::string> args(argv + 1, argv + argc);
     if (args.empty())
         return Usage();
@@ -230,8 +213,8 @@ int main(int argc, char** argv)
     }
     if (command == "upgrade" && args.size() == 3) {
         xEMDesc desc;
-        if (!ReadDescriptor(args[1], desc))
-            return 1;
+        if (int status = ReadDescriptor(args[1], desc))
+            return status;
         return WriteDescriptor(platform, desc, args[2]);
     }
     if (command == "new" && args.size() == 2) {

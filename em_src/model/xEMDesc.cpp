@@ -7,6 +7,7 @@
 #include <cctype>
 #include <istream>
 #include <ostream>
+#include <string>
 
 namespace {
 
@@ -44,6 +45,14 @@ int32_t FirstSet(xTRClasf clasf)
     clasf.Rewind();
     clasf.NextSet(code);
     return code;
+}
+
+// Whether a first line begins with the label of a descriptor, after blanks.
+bool IsVersionLabel(const std::string& line)
+{
+    static const std::string label = "FILE FORMAT VERSION";
+    const size_t start = line.find_first_not_of(" \t");
+    return start != std::string::npos && line.compare(start, label.size(), label) == 0;
 }
 
 // Whether nothing but the end is left to read; the stream's state stays as it was.
@@ -204,9 +213,9 @@ void xEMDesc::Read()
     current = 100;
     MakeScratch();
 
-    GetLine(in);
+    versionLabel = IsVersionLabel(GetLine(in));
     int32_t version = 0;
-    xExtract::Int(in, version);
+    versionNumber = xExtract::Int(in, version);
     GetLine(in);
     fileVersion = version;
     geometry->version = version;
@@ -354,8 +363,10 @@ void xEMDesc::ReadVersion8(int version)
     }
 
     format->version = kFileVersion;
-    format->ResizeChannels(MaxChannels(100));
+    // Cleared while still small and then widened: all of it is zero either
+    // way, and the wide tables' pages stay untouched until positions are read.
     format->ClearPositions(100);
+    format->ResizeChannels(MaxChannels(100));
     format->frequencyDomain = header->IsFrequencyDomain();
     format->SetClasf(clasf);
     in >> *format;
@@ -375,7 +386,8 @@ void xEMDesc::Write()
     std::ostream& out = *outStream;
     xTRClasf clasf = format->clasf;
 
-    out << "FILE FORMAT VERSION\n" << kFileVersion << '\n';
+    // Text of its own, not the stream's number format, which a locale could change.
+    out << "FILE FORMAT VERSION\n" << std::to_string(kFileVersion) << '\n';
     out << *header;
     out << kSeparator << '\n';
     out << clasf;

@@ -42,6 +42,12 @@ public:
     void WriteTo(std::ostream& out);
     // The version of the file last read (kFileVersion for a new descriptor).
     int32_t FileVersion() const { return fileVersion; }
+    // Whether the file last read began as a descriptor does: a first line
+    // that begins with "FILE FORMAT VERSION" after any blanks, and an integer
+    // behind it. Reading goes on either way; a caller that would write over
+    // the file can refuse what is no descriptor.
+    bool HasVersionLabel() const { return versionLabel; }
+    bool HasVersionNumber() const { return versionNumber; }
 
     // Points system and geometry into the item of code; false when there is none.
     bool SetCurrent(int32_t code);
@@ -113,6 +119,8 @@ private:
     std::unique_ptr<xEMSDesc> scratchSystem;
     std::unique_ptr<xEMGDesc> scratchGeometry;
     int32_t fileVersion = kFileVersion;
+    bool versionLabel = true;
+    bool versionNumber = true;
 };
 
 #endif

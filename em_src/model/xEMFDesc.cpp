@@ -51,6 +51,19 @@ float At(const FloatMatrix& matrix, int code, int column)
     return matrix.Row(code)[column];
 }
 
+// Rows of a position table, one per orientation code.
+constexpr int kCodes = kLastOrientationCode - kFirstOrientationCode + 1;
+
+// Where each orientation's positions begin. A row's positions lie side by
+// side, so a table of many channels is walked by pointer, not by a row view
+// per number.
+template <class Float, class Matrix>
+void RowStarts(Matrix& matrix, Float* (&starts)[kCodes])
+{
+    for (int k = 0; k < kCodes; ++k)
+        starts[k] = &matrix.Row(kFirstOrientationCode + k)[matrix.ColLower()];
+}
+
 void Skip(std::istream& in, int lines)
 {
     for (int i = 0; i < lines; ++i)
@@ -88,16 +101,6 @@ void AppendItemRow(std::string& text, const std::string& name, int32_t position,
     text += '\n';
 }
 
-// Text is handed to the stream in pieces of about this size, so that a table
-// of many channels is never held whole in memory a second time.
-constexpr size_t kWriteChunk = 1 << 16;
-
-void Flush(std::ostream& out, std::string& text)
-{
-    out.write(text.data(), static_cast<std::streamsize>(text.size()));
-    text.clear();
-}
-
 void AppendTable(std::ostream& out, std::string& text, const char* heading, const char* column,
                  const FloatMatrix& matrix)
 {
@@ -109,18 +112,15 @@ void AppendTable(std::ostream& out, std::string& text, const char* heading, cons
         text += name;
     }
     text += '\n';
-    constexpr int kCodes = kLastOrientationCode - kFirstOrientationCode + 1;
     const float* rows[kCodes];
-    for (int k = 0; k < kCodes; ++k)
-        rows[k] = &matrix.Row(kFirstOrientationCode + k)[matrix.ColLower()];
+    RowStarts(matrix, rows);
     const int columns = matrix.ColUpper() - matrix.ColLower() + 1;
     for (int j = 0; j < columns; ++j) {
-        xDscText::AppendInt(text, matrix.ColLower() + j, kTableWidth);
+        xDscText::AppendColumnInt(text, matrix.ColLower() + j, kTableWidth);
         for (int k = 0; k < kCodes; ++k)
-            xDscText::AppendInt(text, Truncate(rows[k][j]), kTableWidth);
+            xDscText::AppendColumnInt(text, Truncate(rows[k][j]), kTableWidth);
         text += '\n';
-        if (text.size() >= kWriteChunk)
-            Flush(out, text);
+        xDscText::FlushFull(out, text);
     }
 }
 
@@ -169,11 +169,13 @@ int SplitItemRow(const std::string& line, std::string* name, int32_t& position)
 // One position table, rows 1 to rows, then the rest of the last row's line.
 void ReadRows(std::istream& in, FloatMatrix& matrix, int rows)
 {
-    xDscText::ReadRows(in, rows, [&in, &matrix](int32_t offset) {
+    float* columns[kCodes];
+    RowStarts(matrix, columns);
+    xDscText::ReadRows(in, rows, [&in, &columns](int32_t offset) {
         int32_t index = 0;
         xExtract::Int(in, index);
-        for (int code = kFirstOrientationCode; code <= kLastOrientationCode; ++code)
-            xExtract::Float(in, At(matrix, code, offset + 1));
+        for (float* column : columns)
+            xExtract::Float(in, column[offset]);
     });
 }
 
@@ -334,6 +336,12 @@ bool xEMFDesc::HasRandomChannels() const
 void xEMFDesc::RebuildUsedPositions()
 {
     usedPositions.clear();
+    // Sized once: a record of many channels holds a position per channel and orientation.
+    size_t count = kFixedItemCount + userPositions.size();
+    for (int code = kFirstOrientationCode + 1; code <= kLastOrientationCode; ++code)
+        if (clasf[code] != 0)
+            count += size_t(frequencyDomain ? 2 : 1) * size_t(std::max(channelPos.Cols(), 0));
+    usedPositions.reserve(count);
     for (int32_t xEMFDesc::*field : kFixedFields)
         usedPositions.push_back(this->*field);
     for (int code = kFirstOrientationCode + 1; code <= kLastOrientationCode; ++code) {
@@ -430,7 +438,7 @@ bool xEMFDesc::HasSameTitles(const xEMFDesc& other) const
 void xEMFDesc::Write(std::ostream& out) const
 {
     std::string text;
-    text.reserve(kWriteChunk + 1024);
+    text.reserve(xDscText::kWriteChunk + 1024);
 
     AppendLine(text, title);
     AppendLine(text, "Geosoft format (1 yes, 0 no)");
@@ -450,7 +458,7 @@ void xEMFDesc::Write(std::ostream& out) const
     } else {
         AppendTable(out, text, kChannelHeading, "channel ", channelPos);
     }
-    Flush(out, text);
+    xDscText::Flush(out, text);
 
     // Item rows are left-justified, and the stream is left so.
     out.setf(std::ios::left, std::ios::adjustfield);
@@ -461,7 +469,7 @@ void xEMFDesc::Write(std::ostream& out) const
     for (size_t i = 0; i < users; ++i)
         AppendItemRow(text, userLabels[i], userPositions[i], kUserItemClass);
     AppendLine(text, kTableSeparator);
-    Flush(out, text);
+    xDscText::Flush(out, text);
 }
 
 void xEMFDesc::Read(std::istream& in)

@@ -172,7 +172,7 @@ void ReadFrequencies(std::istream& in, xEMSDesc& desc)
 {
     xDoc::GetLine(in);
     xDoc::GetLine(in);
-    int32_t count = xDscText::ReadCount(in);
+    int32_t count = xDscText::ReadCount(in, 1);
     ResizeTable(desc, desc.frequencies, count, 1);
     xDoc::GetLine(in);
     bool weighted = desc.version > kLastWithoutWeights;
@@ -200,7 +200,7 @@ void ReadTimeDomain(std::istream& in, xEMSDesc& desc)
     in >> desc.rxField;
     xDoc::GetLine(in);
     xDoc::GetLine(in);
-    int32_t count = xDscText::ReadCount(in);
+    int32_t count = xDscText::ReadCount(in, 2);
     ResizeTable(desc, desc.windows, count, 2);
     xDoc::GetLine(in);
     bool weighted = desc.version > kLastWithoutWeights;
@@ -214,7 +214,7 @@ void ReadTimeDomain(std::istream& in, xEMSDesc& desc)
     xDoc::GetLine(in);
 }
 
-void WriteFrequencies(std::string& text, const xEMSDesc& desc)
+void WriteFrequencies(std::ostream& out, std::string& text, const xEMSDesc& desc)
 {
     const FloatMatrix& table = desc.frequencies;
     text += kSeparator;
@@ -223,8 +223,11 @@ void WriteFrequencies(std::string& text, const xEMSDesc& desc)
     text += '\n';
     text += kSeparator;
     for (int r = table.RowLower(), offset = 0; r <= table.RowUpper(); ++r, ++offset) {
-        float values[2] = {xDscText::Cell(table.Row(r), 0), desc.WeightAt(offset)};
+        float values[2];
+        xDscText::RowCells(table, r, values, 1);
+        values[1] = desc.WeightAt(offset);
         xDscText::AppendRow(text, values, 2, kFieldWidth, "");
+        xDscText::FlushFull(out, text);
     }
     text += "AMPLITUDE SCALING\n";
     xDscText::AppendFloat(text, desc.nominalAmplitude);
@@ -234,7 +237,7 @@ void WriteFrequencies(std::string& text, const xEMSDesc& desc)
     text += kSeparator;
 }
 
-void WriteWindows(std::string& text, const xEMSDesc& desc)
+void WriteWindows(std::ostream& out, std::string& text, const xEMSDesc& desc)
 {
     const FloatMatrix& table = desc.windows;
     text += kSeparator;
@@ -242,9 +245,11 @@ void WriteWindows(std::string& text, const xEMSDesc& desc)
     xDscText::AppendInt(text, table.Rows());
     text += "\n       START          END       WEIGHT\n";
     for (int r = table.RowLower(), offset = 0; r <= table.RowUpper(); ++r, ++offset) {
-        const FloatArray& row = table.Row(r);
-        float values[3] = {xDscText::Cell(row, 0), xDscText::Cell(row, 1), desc.WeightAt(offset)};
+        float values[3];
+        xDscText::RowCells(table, r, values, 2);
+        values[2] = desc.WeightAt(offset);
         xDscText::AppendRow(text, values, 3, kFieldWidth, " ");
+        xDscText::FlushFull(out, text);
     }
     text += kSeparator;
 }
@@ -262,14 +267,14 @@ std::istream& operator>>(std::istream& in, xEMSDesc& desc)
 
 std::ostream& operator<<(std::ostream& out, const xEMSDesc& desc)
 {
-    if (desc.IsFrequencyDomain()) {
-        std::string text;
-        WriteFrequencies(text, desc);
-        return out << text;
-    }
-    out << kSeparator << "TRANSMITTER CURRENT WAVEFORM\n" << desc.txWaveform << kSeparator
-        << "RECEIVER PRIMARY FIELD\n" << desc.rxField;
     std::string text;
-    WriteWindows(text, desc);
-    return out << text;
+    if (desc.IsFrequencyDomain()) {
+        WriteFrequencies(out, text, desc);
+    } else {
+        out << kSeparator << "TRANSMITTER CURRENT WAVEFORM\n" << desc.txWaveform << kSeparator
+            << "RECEIVER PRIMARY FIELD\n" << desc.rxField;
+        WriteWindows(out, text, desc);
+    }
+    xDscText::Flush(out, text);
+    return out;
 }

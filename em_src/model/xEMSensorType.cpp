@@ -24,9 +24,7 @@ const int kZ = 3;
 
 void xEMSensorType::ShapePoint(const FloatMatrix& matrix, int r, float point[3])
 {
-    const FloatArray& row = matrix.Row(r);
-    for (int c = 0; c < 3; ++c)
-        point[c] = xDscText::Cell(row, c);
+    xDscText::RowCells(matrix, r, point, 3);
 }
 
 xEMSensorType::xEMSensorType()
@@ -164,7 +162,7 @@ void xEMSensorType::AddDipoleComponent(int i)
     if (!ValidComponent(i))
         return;
     components[i] = std::make_unique<FloatMatrix>(1, 3);
-    FloatArray& cosines = components[i]->Row(0);
+    FloatArray cosines = components[i]->Row(0);
     if (i == kLastComponent)
         cosines = 0.33f;
     else
@@ -178,7 +176,7 @@ void xEMSensorType::SetDipoleCosines(int i, const float cosines[3])
     if (!components[i] || components[i]->Rows() < 1 || components[i]->Cols() < 3)
         components[i] = std::make_unique<FloatMatrix>(1, 3);
     FloatMatrix& matrix = *components[i];
-    FloatArray& row = matrix.Row(matrix.RowLower());
+    FloatArray row = matrix.Row(matrix.RowLower());
     for (int c = 0; c < 3; ++c)
         row[row.Lower() + c] = cosines[c];
 }
@@ -316,6 +314,7 @@ bool ReadShape(std::istream& in, xEMSensorType& sensor, int i)
         xExtract::Int(in, rows);
         if (rows < 0)
             rows = 0;
+        xDscText::CheckTableRows(in, rows, 3);
     } else {
         return false;
     }

@@ -59,7 +59,7 @@ bool xEMWaveform::GetScaledTable(FloatMatrix& matrix) const
     float scale = equivalentAmplitude / nominalAmplitude;
     int amplitudeRow = matrix.RowLower() + 1;
     if (amplitudeRow <= matrix.RowUpper()) {
-        FloatArray& amplitudes = matrix.Row(amplitudeRow);
+        FloatArray amplitudes = matrix.Row(amplitudeRow);
         for (int c = amplitudes.Lower(); c <= amplitudes.Upper(); ++c)
             amplitudes[c] = static_cast<float>(static_cast<double>(amplitudes[c]) * scale);
     }
@@ -75,7 +75,7 @@ std::istream& operator>>(std::istream& in, xEMWaveform& waveform)
     xExtract::Float(in, waveform.nominalAmplitude);
     xExtract::Float(in, waveform.equivalentAmplitude);
     waveform.amplitudeUnit = BracketUnit(xDoc::GetLine(in));
-    int32_t rows = xDscText::ReadCount(in);
+    int32_t rows = xDscText::ReadCount(in, kColumns);
     waveform.table.Resize(1, rows, 0, kColumns - 1);
     waveform.errorUnit = BracketUnit(xDoc::GetLine(in));
     FloatMatrix& table = waveform.table;
@@ -102,11 +102,11 @@ std::ostream& operator<<(std::ostream& out, const xEMWaveform& waveform)
         text += "\n        TIME      CURRENT        ERROR  [ppm]\n";
         float values[kColumns];
         for (int r = table.RowLower(); r <= table.RowUpper(); ++r) {
-            const FloatArray& row = table.Row(r);
-            for (int c = 0; c < kColumns; ++c)
-                values[c] = xDscText::Cell(row, c);
+            xDscText::RowCells(table, r, values, kColumns);
             xDscText::AppendRow(text, values, kColumns, kFieldWidth, " ");
+            xDscText::FlushFull(out, text);
         }
     }
-    return out << text;
+    xDscText::Flush(out, text);
+    return out;
 }

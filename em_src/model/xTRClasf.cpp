@@ -32,7 +32,7 @@ void WriteCounts(std::ostream& out, const xTRClasf& clasf, int from)
 {
     std::string line;
     for (int code = from; code <= kLastOrientationCode; ++code)
-        xDscText::AppendInt(line, clasf[code], 6);
+        xDscText::AppendColumnInt(line, clasf[code], 6);
     line += '\n';
     out.write(line.data(), static_cast<std::streamsize>(line.size()));
 }

@@ -231,14 +231,14 @@ void FloatFMatrix::Reach(int r, bool writeBack)
     LoadBlockAt(int64_t(r) - blockRows / 2);
 }
 
-const FloatArray& FloatFMatrix::Row(int r) const
+const FloatArray FloatFMatrix::Row(int r) const
 {
     // The window is a cache of the file: moving it changes no value of the table.
     const_cast<FloatFMatrix*>(this)->Reach(r, false);
     return FloatMatrix::Row(r);
 }
 
-FloatArray& FloatFMatrix::Row(int r)
+FloatArray FloatFMatrix::Row(int r)
 {
     Reach(r, true);
     return FloatMatrix::Row(r);
@@ -254,11 +254,11 @@ float* FloatFMatrix::Element(int r, int c)
     return data.get() + offset;
 }
 
-FloatArray* FloatFMatrix::RowOrNull(int r)
+std::optional<FloatArray> FloatFMatrix::RowOrNull(int r)
 {
     if (r < totalLower || r > totalUpper)
-        return nullptr;
-    return &Row(r);
+        return std::nullopt;
+    return Row(r);
 }
 
 void FloatFMatrix::CheckCol(int c) const

@@ -36,13 +36,13 @@ public:
 
     // Rows outside the window bring the window there, centred on the row. The
     // non-const forms first write the window back; the const one does not.
-    const FloatArray& Row(int r) const override;
-    FloatArray& Row(int r) override;
+    const FloatArray Row(int r) const override;
+    FloatArray Row(int r) override;
     // data + cols * r + c, with neither the window's first row nor colLower
     // taken off: right only for a window at row 0.
     float* Element(int r, int c) override;
-    // Null outside the file's row bounds.
-    FloatArray* RowOrNull(int r) override;
+    // No view outside the file's row bounds.
+    std::optional<FloatArray> RowOrNull(int r) override;
 
     void CheckCol(int c) const;
     void CheckRow(int r) const;

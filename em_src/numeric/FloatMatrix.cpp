@@ -9,7 +9,6 @@
 #include <cstring>
 #include <fstream>
 #include <iomanip>
-#include <new>
 #include <utility>
 
 namespace {
@@ -53,9 +52,12 @@ FloatMatrix::FloatMatrix(const FloatArray& row) : FloatMatrix(0, 0, row.Lower(),
     std::copy(row.Data(), row.Data() + std::min(row.Size(), total), data.get());
 }
 
+// The copy fills the whole block, so it is not zeroed first.
 FloatMatrix::FloatMatrix(const FloatMatrix& other)
-    : FloatMatrix(other.rowLower, other.rowUpper, other.colLower, other.colUpper)
+    : cols(other.cols), rows(other.rows), rowLower(other.rowLower), rowUpper(other.rowUpper),
+      colLower(other.colLower), colUpper(other.colUpper)
 {
+    AllocateBlock(false);
     std::copy(other.data.get(), other.data.get() + std::min(total, other.total), data.get());
 }
 
@@ -63,7 +65,7 @@ FloatMatrix& FloatMatrix::operator=(const FloatMatrix& other)
 {
     if (this == &other)
         return *this;
-    Resize(other.rowLower, other.rowUpper, other.colLower, other.colUpper);
+    Reshape(other.rowLower, other.rowUpper, other.colLower, other.colUpper, false);
     std::copy(other.data.get(), other.data.get() + std::min(total, other.total), data.get());
     return *this;
 }
@@ -88,6 +90,11 @@ void FloatMatrix::Resize(int rowCount, int colCount)
 
 void FloatMatrix::Resize(int firstRow, int lastRow, int firstCol, int lastCol)
 {
+    Reshape(firstRow, lastRow, firstCol, lastCol, true);
+}
+
+void FloatMatrix::Reshape(int firstRow, int lastRow, int firstCol, int lastCol, bool zeroed)
+{
     int32_t newRows = Span(firstRow, lastRow);
     int32_t newCols = Span(firstCol, lastCol);
     bool keep = newRows == rows && newCols == cols && firstCol == colLower;
@@ -99,7 +106,7 @@ void FloatMatrix::Resize(int firstRow, int lastRow, int firstCol, int lastCol)
     colUpper = lastCol;
     rows = newRows;
     cols = newCols;
-    Allocate();
+    AllocateBlock(zeroed);
 }
 
 void FloatMatrix::ResizeLike(const FloatMatrix& other)
@@ -109,33 +116,27 @@ void FloatMatrix::ResizeLike(const FloatMatrix& other)
 
 void FloatMatrix::Allocate()
 {
+    AllocateBlock(true);
+}
+
+void FloatMatrix::AllocateBlock(bool zeroed)
+{
     data.reset();
-    rowViews.clear();
     int64_t count = int64_t(rows) * cols;
     bool possible = rows >= 0 && cols >= 0 && count <= FloatArray::kMaxElements &&
                     rows <= FloatArray::kMaxElements && cols <= FloatArray::kMaxElements;
     if (possible && count > 0) {
-        data.reset(FloatArray::NewBlock(count));
+        data.reset(FloatArray::NewBlock(count, zeroed));
         possible = data != nullptr;
-    }
-    if (possible) {
-        try {
-            rowViews.reserve(static_cast<size_t>(rows));
-        } catch (const std::bad_alloc&) {
-            possible = false;
-        }
     }
     if (!possible) {
         // Empty, so that the matrix stays sound if the fatal message unwinds.
-        data.reset();
         rows = cols = total = 0;
         rowLower = colLower = 0;
         rowUpper = colUpper = -1;
         PostFatalExit("%s", kOutOfMemory);
     }
     total = static_cast<int32_t>(count);
-    for (int32_t r = 0; r < rows; ++r)
-        rowViews.emplace_back(data ? data.get() + int64_t(r) * cols : nullptr, colLower, colUpper);
 }
 
 void FloatMatrix::Fill(const float* value)
@@ -151,7 +152,7 @@ void FloatMatrix::Fill(const float* value)
 
 void FloatMatrix::FillRow(int r, const float* value)
 {
-    if (FloatArray* row = RowOrNull(r))
+    if (std::optional<FloatArray> row = RowOrNull(r))
         *row = value ? *value : 0.0f;
 }
 
@@ -163,14 +164,20 @@ void FloatMatrix::FillCol(int c, const float* value)
         data[int64_t(r) * cols + (c - colLower)] = value ? *value : 0.0f;
 }
 
-const FloatArray& FloatMatrix::Row(int r) const
+FloatArray FloatMatrix::RowView(int r) const
 {
-    return rowViews[static_cast<size_t>(int64_t(r) - rowLower)];
+    float* first = data ? data.get() + (int64_t(r) - rowLower) * cols : nullptr;
+    return FloatArray(first, colLower, colUpper);
 }
 
-FloatArray& FloatMatrix::Row(int r)
+const FloatArray FloatMatrix::Row(int r) const
 {
-    return rowViews[static_cast<size_t>(int64_t(r) - rowLower)];
+    return RowView(r);
+}
+
+FloatArray FloatMatrix::Row(int r)
+{
+    return RowView(r);
 }
 
 float* FloatMatrix::Element(int r, int c)
@@ -178,11 +185,11 @@ float* FloatMatrix::Element(int r, int c)
     return data.get() + (int64_t(r) - rowLower) * cols + (int64_t(c) - colLower);
 }
 
-FloatArray* FloatMatrix::RowOrNull(int r)
+std::optional<FloatArray> FloatMatrix::RowOrNull(int r)
 {
     if (r < rowLower || r > rowUpper)
-        return nullptr;
-    return &rowViews[static_cast<size_t>(int64_t(r) - rowLower)];
+        return std::nullopt;
+    return RowView(r);
 }
 
 void FloatMatrix::CopyOverlap(const FloatMatrix& other)
@@ -304,7 +311,9 @@ FloatArray FloatMatrix::RowArray(int r) const
 {
     if (r < rowLower || r > rowUpper)
         return FloatArray(colLower, colUpper);
-    return FloatArray(Row(r));
+    // Copied from a named view: the array owns its numbers and outlives the matrix.
+    const FloatArray view = Row(r);
+    return FloatArray(view);
 }
 
 FloatMatrix FloatMatrix::SubMatrix(int rowFrom, int colFrom, int rowTo, int colTo) const

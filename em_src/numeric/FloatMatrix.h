@@ -6,14 +6,16 @@
 #include <cstdint>
 #include <istream>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
-#include <vector>
 
 // A two-dimensional table of 32-bit floats with free integer bounds on both
 // axes, stored row by row in one block. Every row can be reached as a
 // FloatArray view on that block (bounds colLower to colUpper), so row
-// operations work on the matrix's own storage. A new matrix is zero.
+// operations work on the matrix's own storage. Views are made when asked
+// for, not kept: a table costs its numbers and no more, and copies as one
+// block. A new matrix is zero.
 class FloatMatrix {
 public:
     // Empty: no rows, no columns.
@@ -41,12 +43,14 @@ public:
     void FillRow(int r, const float* value);
     void FillCol(int c, const float* value);
 
-    // Row and element access make no bounds test.
-    virtual const FloatArray& Row(int r) const;
-    virtual FloatArray& Row(int r);
+    // Row and element access make no bounds test. A row is a view that
+    // borrows the matrix's storage: writing through it changes the matrix, and
+    // it stays valid until the matrix is resized or reallocated.
+    virtual const FloatArray Row(int r) const;
+    virtual FloatArray Row(int r);
     virtual float* Element(int r, int c);
-    // Null when r lies outside the row bounds.
-    virtual FloatArray* RowOrNull(int r);
+    // No view when r lies outside the row bounds.
+    virtual std::optional<FloatArray> RowOrNull(int r);
 
     virtual int Cols() const { return cols; }
     virtual int Rows() const { return rows; }
@@ -129,6 +133,8 @@ protected:
     // ignored value.
     float Extreme(int fromOffset, int toOffset, bool wantMax, const float* ignore) const;
     void ApplyScalar(FloatArray::Op op, float value);
+    // The view of row r, made from the block.
+    FloatArray RowView(int r) const;
 
     int32_t cols = 0;
     int32_t rows = 0;
@@ -137,8 +143,16 @@ protected:
     int32_t colLower = 0;
     int32_t colUpper = -1;
     int32_t total = 0;
-    std::unique_ptr<float[]> data;        // null when empty
-    std::vector<FloatArray> rowViews;     // one non-owning view per row
+    struct BlockFree {
+        void operator()(float* block) const { FloatArray::FreeBlock(block); }
+    };
+    std::unique_ptr<float[], BlockFree> data;   // null when empty
+
+private:
+    // Takes the new bounds; the data stay when the shape and colLower do.
+    void Reshape(int firstRow, int lastRow, int firstCol, int lastCol, bool zeroed);
+    // Allocate, with the block zeroed or left for the caller to fill whole.
+    void AllocateBlock(bool zeroed);
 };
 
 // Bounds in fields of width 10, then each row's values in fields of width 20.

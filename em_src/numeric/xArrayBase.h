@@ -7,10 +7,10 @@
 #include <algorithm>
 #include <climits>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <iomanip>
 #include <istream>
-#include <new>
 #include <ostream>
 #include <type_traits>
 
@@ -229,13 +229,21 @@ public:
         return result;
     }
 
-    // One block of count elements, zeroed; null when it can't or mustn't be had.
-    static T* NewBlock(int64_t count)
+    // One block of count elements, zeroed unless the caller fills it whole;
+    // null when it can't or mustn't be had. A zeroed block comes from calloc,
+    // which knows fresh pages are zero already: a large table that is never
+    // written (the frequency-domain positions of a time-domain system) costs
+    // no memory. FreeBlock gives a block back.
+    static T* NewBlock(int64_t count, bool zeroed = true)
     {
+        static_assert(std::is_trivial_v<T>, "blocks hold plain numbers");
         if (count < 0 || count > kMaxElements)
             return nullptr;
-        return new (std::nothrow) T[static_cast<size_t>(count)]();
+        const size_t elements = count > 0 ? static_cast<size_t>(count) : 1;
+        return static_cast<T*>(zeroed ? std::calloc(elements, sizeof(T))
+                                      : std::malloc(elements * sizeof(T)));
     }
+    static void FreeBlock(T* block) { std::free(block); }
 
 protected:
     xArrayBase() : xArrayBase(0, 0) {}
@@ -254,9 +262,10 @@ protected:
             upper = static_cast<int32_t>(last);
         }
     }
+    // The copy fills the whole block, so it is not zeroed first.
     xArrayBase(const xArrayBase& other) : lower(other.lower)
     {
-        Allocate(other.lower, other.upper, kConstructorOutOfMemory);
+        Allocate(other.lower, other.upper, kConstructorOutOfMemory, false);
         CopyElements(data, other.data, size);
     }
     static constexpr const char* kConstructorOutOfMemory = "xArray: Out of memory!";
@@ -294,10 +303,10 @@ protected:
 
     // Leaves the array empty at lower, so that it stays sound if the fatal
     // message unwinds instead of ending the process.
-    void Allocate(int64_t first, int64_t last, const char* outOfMemory)
+    void Allocate(int64_t first, int64_t last, const char* outOfMemory, bool zeroed = true)
     {
         int64_t count = last - first + 1;
-        T* block = NewBlock(count);
+        T* block = NewBlock(count, zeroed);
         lower = static_cast<int32_t>(first);
         if (!block) {
             MakeEmpty(lower);
@@ -353,7 +362,7 @@ private:
     void Release()
     {
         if (owns)
-            delete[] data;
+            FreeBlock(data);
         data = nullptr;
         MakeEmpty(lower);
     }

@@ -99,7 +99,7 @@ bool xEdGrid::GetTable(FloatMatrix& matrix) const
 {
     bool changed = false;
     for (int r = 0; r < std::min(rows, matrix.Rows()); ++r) {
-        FloatArray& row = matrix.Row(matrix.RowLower() + r);
+        FloatArray row = matrix.Row(matrix.RowLower() + r);
         for (int c = 0; c < std::min(columns, matrix.Cols()); ++c) {
             float number = GetCell(r, c);
             if (row[matrix.ColLower() + c] != number) {

@@ -5,8 +5,18 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/xTempDirectory.h"
+
+#include <clocale>
 #include <cmath>
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/lsan_interface.h>
+#endif
+#include <cstdio>
+#include <cstdlib>
 #include <fstream>
+#include <limits>
+#include <locale>
 #include <sstream>
 
 namespace {
@@ -106,6 +116,80 @@ TEST_F(EMDesc, Version8And9FilesWriteBackByteForByteWhateverTheirLineEndsAndLabe
     EXPECT_EQ(Written(), text);
 }
 
+// The user's language as a German one: a comma for the decimal point in the
+// C library and in the C++ streams. The locale is made for the test from the
+// system's locale sources, so none need be installed.
+class CommaLocale {
+public:
+    CommaLocale() : savedLocale(std::locale())
+    {
+        savedC = std::setlocale(LC_ALL, nullptr);
+        const std::string made = dir / "de_DE.UTF-8";
+        if (std::system(("localedef -i de_DE -f UTF-8 '" + made + "' >/dev/null 2>&1").c_str()) != 0)
+            return;
+        setenv("LOCPATH", dir.path.c_str(), 1);
+        // The C library keeps the search path of a locale found through
+        // LOCPATH for good; the leak checker is not to count it against us.
+#if defined(__SANITIZE_ADDRESS__)
+        __lsan_disable();
+#endif
+        if (std::setlocale(LC_ALL, "de_DE.UTF-8")) {
+            std::locale::global(std::locale("de_DE.UTF-8"));
+            active = true;
+        }
+#if defined(__SANITIZE_ADDRESS__)
+        __lsan_enable();
+#endif
+    }
+    ~CommaLocale()
+    {
+        std::locale::global(savedLocale);
+        std::setlocale(LC_ALL, savedC.c_str());
+        unsetenv("LOCPATH");
+    }
+    bool active = false;
+
+private:
+    xTempDirectory dir;
+    std::locale savedLocale;
+    std::string savedC;
+};
+
+TEST_F(EMDesc, NumbersAreTextOfTheCLocaleAndEveryFloatWrittenReadsBack)
+{
+    const std::string text = Example("survey-time-domain.DSC");
+    const std::string frequency = Example("survey-frequency-domain.DSC");
+    {
+        CommaLocale german;
+        ASSERT_TRUE(german.active) << "no de_DE locale could be made (Debian package locales)";
+        char decimal[8];
+        std::snprintf(decimal, sizeof decimal, "%.1f", 1.5);
+        std::ostringstream grouped;
+        grouped << 10000;
+        ASSERT_EQ(std::string(decimal) + " " + grouped.str(), "1,5 10.000");
+
+        for (const std::string& example : {text, frequency}) {
+            Read(example);
+            EXPECT_EQ(Written(), example);
+        }
+        EXPECT_FLOAT_EQ(*desc.items.at("TzRz")->system.frequencies.Element(1, 0), 900.0f);
+
+        // A number that is none, as a computation may leave one, is written as
+        // a number: NaN as 0, an infinity as the largest float.
+        Read(text);
+        xEMSDesc& system = desc.items.at("TzRz")->system;
+        *system.windows.Element(1, 0) = std::numeric_limits<float>::infinity();
+        *system.windows.Element(1, 1) = std::numeric_limits<float>::quiet_NaN();
+        system.weights[1] = -std::numeric_limits<float>::infinity();
+        const std::string written = Written();
+        EXPECT_NE(written.find("\n 3.40282e+38            0 -3.40282e+38\n"), std::string::npos);
+        Read(written);
+        EXPECT_EQ(Written(), written);
+    }
+    EXPECT_FLOAT_EQ(*desc.items.at("TzRz")->system.windows.Element(1, 0), 3.40282e+38f);
+    EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
+}
+
 TEST_F(EMDesc, Version5AndOlderGiveOneItemPerPositionedOrientation)
 {
     Read(kVersion5);
@@ -153,6 +237,21 @@ TEST_F(EMDesc, Version6ReadsNothingAndWritesANewDescriptor)
     std::ostringstream out;
     fresh.WriteTo(out);
     EXPECT_EQ(Written(), out.str());
+}
+
+TEST_F(EMDesc, TheFirstLinesTellWhetherAFileIsADescriptorAtAll)
+{
+    EXPECT_TRUE(desc.HasVersionLabel() && desc.HasVersionNumber());
+    const std::pair<const char*, int> starts[] = {
+        {"FILE FORMAT VERSION\n5\n", 3},      {" \tFILE FORMAT VERSION, any words\r\n\n 5x\n", 3},
+        {"FILE FORMAT VERSION\rfive\n", 1},   {"FILE FORMAT VERSION\n99999999999\n", 1},
+        {"Shopping list\n5\n", 2},            {"file format version\n5\n", 2},
+        {"\nFILE FORMAT VERSION\n5\n", 0},    {"", 0}};
+    for (const auto& start : starts) {
+        Read(start.first);
+        EXPECT_EQ(desc.HasVersionLabel(), (start.second & 1) != 0) << start.first;
+        EXPECT_EQ(desc.HasVersionNumber(), (start.second & 2) != 0) << start.first;
+    }
 }
 
 TEST_F(EMDesc, Version7MergesItsBlocksAndKeepsTheReceiverAsWritten)

@@ -110,6 +110,30 @@ TEST(FormatRecord, TimeDomainRoundTripWithAnyLineEnds)
     }
 }
 
+TEST(FormatRecord, NumbersThatFillTheirColumnsKeepABlankAndReadBack)
+{
+    // Position 100000 once ran into the row index ("     7100000"), and rows
+    // from 100000 on into their first position.
+    const int channels = 100001;
+    for (int16_t frequencyDomain : {0, 1}) {
+        xEMFDesc format(channels);
+        format.frequencyDomain = frequencyDomain;
+        for (FloatMatrix* matrix : {&format.channelPos, &format.inPhasePos, &format.quadraturePos}) {
+            *matrix->Element(101, 7) = 100000;
+            *matrix->Element(102, 7) = -12345;
+            *matrix->Element(109, channels) = 2000000;
+        }
+        const std::string text = Written(format);
+        EXPECT_NE(text.find("\n     7     0 100000 -12345     0"), std::string::npos);
+        EXPECT_NE(text.find("\n 100001     0     0     0     0     0     0     0     0     0 2000000\n"),
+                  std::string::npos);
+        EXPECT_NE(text.find("\n 99999     0"), std::string::npos);   // five digits are as they were
+        const xEMFDesc back = ReadBack(text, channels, frequencyDomain);
+        EXPECT_TRUE(back == format) << frequencyDomain;
+        EXPECT_EQ(Written(back), text);
+    }
+}
+
 TEST(FormatRecord, FixedRowsGoByPlaceUserRowsEndAtTheSeparatorOrTheFileAndBadNumbersFail)
 {
     std::string text = Replaced(kNewRecord, "line          0   1   ", "anything 11 9");

@@ -103,12 +103,17 @@ TEST(EMGDesc, OtherKindsInTheText)
     EXPECT_FALSE(odd.tx.HasComponent(3));
     EXPECT_EQ(Written(odd).substr(0, 49), "TRANSMITTER GEOMETRY\nmoving square\nXYZ POSITION:\n");
 
-    // A file that ends inside a block stops.
-    std::istringstream cut("T\nmoving large loop\nz\n900000\n1 2");
+    // A file that ends inside a block stops; one that can't hold the corners
+    // it counts ends the read at the count.
+    std::istringstream cut("T\nmoving large loop\nz\n60000\n1 2");
     xEMGDesc truncated;
     cut >> truncated;
     EXPECT_TRUE(cut.fail());
     EXPECT_TRUE(platform.messages.empty());
+    std::istringstream absurd("T\nmoving large loop\nz\n900000\n1 2");
+    EXPECT_THROW(absurd >> truncated, xFatalExitError);
+    EXPECT_EQ(platform.Texts(xPlatform::kFatal),
+              std::vector<std::string>{"xEMDesc::Read()  Error reading EM system descriptor."});
 }
 
 TEST(EMGDesc, PositionOfSensorsAndHorizontalRotation)

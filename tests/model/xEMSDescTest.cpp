@@ -153,19 +153,54 @@ TEST(EMSDesc, EmptyAndNegativeCountsGiveEmptyTablesThatReadBack)
     EXPECT_EQ(frequency.desc.weights.Size(), 0);
 }
 
-TEST(EMSDesc, AbsurdCountsAreOutOfMemoryAndShortFilesStopSafely)
+TEST(EMSDesc, CountsTheFileCannotHoldEndTheReadBeforeAnyTableIsMade)
 {
     xRecordingPlatform platform;
-    Record record;
-    std::istringstream in(Replaced(kTimeDomainRecord, "SAMPLING\n2", "SAMPLING\n2000000000"));
-    EXPECT_THROW(record.Read(in), xFatalExitError);
+    auto read = [](const std::string& text, Record& record) {
+        std::istringstream in(text);
+        record.Read(in);
+        return !in.fail();
+    };
+    // Too large for memory: the table's own refusal comes first.
+    Record huge;
+    EXPECT_THROW(read(Replaced(kTimeDomainRecord, "SAMPLING\n2", "SAMPLING\n40000000"), huge),
+                 xFatalExitError);
+    // Many rows with a few bytes behind them: the read ends at the count, and
+    // the table is as it was.
+    Record many;
+    EXPECT_THROW(read(Replaced(kTimeDomainRecord, "SAMPLING\n2", "SAMPLING\n30000000"), many),
+                 xFatalExitError);
+    EXPECT_EQ(many.desc.windows.Rows(), 1);
+    Record waveform;
+    EXPECT_THROW(read(Replaced(kTimeDomainRecord, "\n3\n", "\n65537\n"), waveform), xFatalExitError);
+    EXPECT_EQ(waveform.desc.txWaveform.table.Rows(), 1);
+    Record frequencies(true);
+    EXPECT_THROW(read(Replaced(kFrequencyRecord, "FREQUENCIES\n2", "FREQUENCIES\n100000"), frequencies),
+                 xFatalExitError);
+    EXPECT_EQ(platform.Texts(xPlatform::kFatal),
+              (std::vector<std::string>{"FloatMatrix: Out of memory!",
+                                        "xEMDesc::Read()  Error reading EM system descriptor.",
+                                        "xEMDesc::Read()  Error reading EM system descriptor.",
+                                        "xEMDesc::Read()  Error reading EM system descriptor."}));
+    platform.Clear();
 
+    // Up to 65,536 rows a short file reads as far as it goes and stops.
     const std::string shortText = kTimeDomainRecord.substr(0, kTimeDomainRecord.find("0.25"));
     Record truncated;
-    std::istringstream shortIn(Replaced(shortText, "\n3\n", "\n3000000\n"));
-    truncated.Read(shortIn);
-    EXPECT_TRUE(shortIn.fail());
-    EXPECT_EQ(truncated.desc.txWaveform.table.Rows(), 3000000);
+    EXPECT_FALSE(read(Replaced(shortText, "\n3\n", "\n65536\n"), truncated));
+    EXPECT_EQ(truncated.desc.txWaveform.table.Rows(), 65536);
+    // Rows that may be there are read, and a stream that can't tell what is
+    // left is read as it comes.
+    Record padded;
+    EXPECT_FALSE(read(Replaced(shortText, "\n3\n", "\n70000\n") + std::string(140000, ' '), padded));
+    EXPECT_EQ(padded.desc.txWaveform.table.Rows(), 70000);
+    const std::string unseekable = Replaced(shortText, "\n3\n", "\n70000\n");
+    StringBuf buffer(unseekable);
+    std::istream in(&buffer);
+    Record streamed;
+    streamed.Read(in);
+    EXPECT_EQ(streamed.desc.txWaveform.table.Rows(), 70000);
+    EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
 }
 
 TEST(EMSDesc, WeightsPairWithRowsByPositionMissingOnesWriteAsOneAndResizingKeepsTheFirst)

@@ -4,7 +4,18 @@
 #include <istream>
 #include <iterator>
 #include <sstream>
+#include <streambuf>
 #include <string>
+
+// Reads a string as a stream that can't seek, as a pipe can't.
+class StringBuf : public std::streambuf {
+public:
+    explicit StringBuf(const std::string& text)
+    {
+        char* begin = const_cast<char*>(text.data());
+        setg(begin, begin, begin + text.size());
+    }
+};
 
 // What a reader left unread.
 inline std::string RestOfStream(std::istream& in)

@@ -106,8 +106,14 @@ TEST(TRClasf, UnknownComponentsAndSizesWarn)
 
 TEST(TRClasf, FileFormHasNineCountsAndTheMemberFormTen)
 {
-    const xTRClasf clasf = Table({{100, 8}, {101, 12}, {109, 123456}});
-    EXPECT_EQ(Written(clasf), std::string(kNamesLine) + "    12     0     0     0     0     0     0     0123456\n");
+    // A count that fills its field keeps a blank before it, so that it reads back.
+    xTRClasf clasf = Table({{100, 8}, {101, 12}, {108, -12345}, {109, 123456}});
+    EXPECT_EQ(Written(clasf), std::string(kNamesLine) + "    12     0     0     0     0     0     0 -12345 123456\n");
+    xTRClasf reread;
+    std::istringstream written(Written(clasf));
+    written >> reread;
+    clasf[100] = reread[100];
+    EXPECT_EQ(reread, clasf);
 
     xTRClasf back;
     back[100] = 3;

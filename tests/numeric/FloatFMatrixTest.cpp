@@ -167,7 +167,7 @@ TEST(FloatFMatrix, RefusalsAndRangeFaults)
         EXPECT_EQ(platform.Texts(xPlatform::kError),
                   std::vector<std::string>{"FloatFMatrix: operator= called - Not implemented!"});
         EXPECT_EQ(m.Element(1, 1), &m.Row(1)[1]);
-        EXPECT_EQ(m.RowOrNull(6), nullptr);
+        EXPECT_FALSE(m.RowOrNull(6));
         EXPECT_EQ(FatalText([&] { m.CheckCol(2); }), "FloatFMatrix: Column index out of range!");
         EXPECT_EQ(FatalText([&] { m.Row(6); }), "FloatFMatrix: Row index out of range!");
         m.Row(4);

@@ -7,7 +7,9 @@
 
 #include <climits>
 #include <cmath>
+#include <fstream>
 #include <sstream>
+#include <unistd.h>
 
 namespace {
 // A matrix with the given bounds whose rows are the given lists.
@@ -57,17 +59,48 @@ TEST(FloatMatrix, RowViewsShareTheStorage)
     FloatMatrix m(1, 3, 5, 6);
     m.Row(2)[6] = 4;
     EXPECT_EQ(m.Element(2, 6), &m.Row(2)[6]);
-    EXPECT_EQ(m.RowOrNull(0), nullptr);
-    EXPECT_EQ(m.RowOrNull(4), nullptr);
-    EXPECT_EQ(m.RowOrNull(3), &m.Row(3));
+    EXPECT_FALSE(m.RowOrNull(0));
+    EXPECT_FALSE(m.RowOrNull(4));
+    EXPECT_EQ(m.RowOrNull(3)->Data(), m.Row(3).Data());
 
     float seven = 7;
     m.FillRow(1, &seven);
     m.FillCol(5, &seven);
     EXPECT_EQ(m, Make(1, 5, {{7, 7}, {7, 4}, {7, 0}}));
     m.Row(3) = MakeArray<FloatArray>(5, {1.0f, 2.0f});
-    EXPECT_EQ(m.RowArray(3), MakeArray<FloatArray>(5, {1.0f, 2.0f}));
+    FloatArray copy = m.RowArray(3);
+    EXPECT_TRUE(copy.Owns());
+    m.Row(3)[5] = 9;
+    EXPECT_EQ(copy, MakeArray<FloatArray>(5, {1.0f, 2.0f}));
     EXPECT_EQ(FloatMatrix(MakeArray<FloatArray>(2, {8.0f, 9.0f})), Make(0, 2, {{8, 9}}));
+}
+
+namespace {
+// The memory the process holds, in bytes.
+long ResidentBytes()
+{
+    long pages = 0, resident = 0;
+    std::ifstream("/proc/self/statm") >> pages >> resident;
+    return resident * sysconf(_SC_PAGESIZE);
+}
+}
+
+TEST(FloatMatrix, ATableCostsItsNumbersAloneAndCopiesAsOneBlock)
+{
+    // Two million rows of two floats are 16 MB of numbers; a stored view per
+    // row would add 64 MB to each table.
+    const long numbers = 2000000L * 2 * sizeof(float);
+    const long before = ResidentBytes();
+    FloatMatrix m(1, 2000000, 0, 1);
+    const float one = 1;
+    m.Fill(&one);
+    m.Row(500)[1] = 3;
+    const FloatMatrix copy(m);
+    FloatMatrix assigned;
+    assigned = m;
+    EXPECT_LT(ResidentBytes() - before, 3 * numbers + numbers / 2);
+    EXPECT_EQ(copy.Row(500)[1], 3);
+    EXPECT_EQ(assigned, m);
 }
 
 TEST(FloatMatrix, TransposeFlipAndParts)
@@ -174,7 +207,7 @@ TEST(FloatMatrix, RowEditingIsRefusedAndImpossibleSizesAreFatal)
     EXPECT_EQ(FatalText([] { FloatMatrix big(1 << 14, 1 << 13); }), "FloatMatrix: Out of memory!");
     EXPECT_EQ(FatalText([&] { m.Resize(INT32_MIN, INT32_MAX, 0, 0); }), "FloatMatrix: Out of memory!");
     EXPECT_EQ(m.Total(), 0);
-    EXPECT_EQ(m.RowOrNull(0), nullptr);
+    EXPECT_FALSE(m.RowOrNull(0));
 }
 
 TEST(FloatMatrix, TextForms)

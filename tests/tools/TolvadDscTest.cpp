@@ -2,8 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <csignal>
+#include <fcntl.h>
+#include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -76,23 +82,167 @@ TEST_F(TolvadDsc, UpgradeWritesVersion9ThatUpgradesToItself)
     EXPECT_EQ(Files(), 2);
 }
 
+TEST_F(TolvadDsc, WhatIsNoDescriptorIsNeverWrittenOver)
+{
+    const std::string notes = "Shopping list\nmilk\n";
+    xTempDirectory::Write(dir / "notes.txt", notes);
+    xTempDirectory::Write(dir / "nine.DSC", "FILE FORMAT VERSION\nnine\n");
+    xTempDirectory::Write(dir / "v6.DSC", "FILE FORMAT VERSION\n6\n");
+    // The reader's own messages come first, as always, then the refusal.
+    const std::string unknown = "note: Unknown version of EM descriptor (version 0). Conversion "
+                                "to version 8 is not guaranteed.\n";
+    const std::string refused[][3] = {
+        {"notes.txt", unknown,
+         "error: " + dir / "notes.txt" + " is not a descriptor: its first line is not \"FILE FORMAT VERSION\"\n"},
+        {"nine.DSC", unknown,
+         "error: " + dir / "nine.DSC" + " is not a descriptor: no version number follows \"FILE FORMAT VERSION\"\n"},
+        {"v6.DSC", "note: Currently unsupported version of EM descriptor (version 6)\n",
+         "error: " + dir / "v6.DSC" + " is a descriptor of version 6, which is not supported\n"}};
+    for (const auto& [name, first, last] : refused) {
+        ToolRun upgrade = Tool("upgrade " + In(name) + " " + In("out.DSC"));
+        ToolRun info = Tool("info " + In(name));
+        for (const ToolRun& run : {upgrade, info}) {
+            EXPECT_EQ(run.status, 2) << name;
+            EXPECT_EQ(run.err.rfind(first, 0), 0u) << run.err;
+            ASSERT_GE(run.err.size(), last.size());
+            EXPECT_EQ(run.err.substr(run.err.size() - last.size()), last);
+        }
+        EXPECT_EQ(info.out, "");
+        EXPECT_EQ(Tool("field " + In(name) + " TzRz 0 0 0").status, 2) << name;
+    }
+    // Upgraded in place, the text file stays what it was.
+    EXPECT_EQ(Tool("upgrade " + In("notes.txt") + " " + In("notes.txt")).status, 2);
+    EXPECT_EQ(xTempDirectory::Read(dir / "notes.txt"), notes);
+    EXPECT_EQ(Files(), 3);
+
+    // Blanks before the label and words behind it are a descriptor's own.
+    std::string text = xTempDirectory::Read(kExamples + "/survey-time-domain.DSC");
+    xTempDirectory::Write(dir / "loose.DSC", " \tFILE FORMAT VERSION (nine)\r\n9 or so\r\n" +
+                                                 text.substr(text.find("SYSTEM NAME")));
+    ToolRun loose = Tool("upgrade " + In("loose.DSC") + " " + In("out.DSC"));
+    EXPECT_EQ(loose.status, 0) << loose.err;
+    EXPECT_EQ(xTempDirectory::Read(dir / "out.DSC"), text);
+}
+
+TEST_F(TolvadDsc, EverySavedFileReadsBack)
+{
+    // A position of six digits once ran into the row index before it.
+    const std::string row = "     1     0     0     0     0     0     0     0     7    17    27\n";
+    const std::string wide = "     1     0     0     0     0     0     0     0     7    17 100000\n";
+    std::string text = xTempDirectory::Read(kExamples + "/survey-time-domain.DSC");
+    ASSERT_NE(text.find(row), std::string::npos);
+    text.replace(text.find(row), row.size(), wide);
+    xTempDirectory::Write(dir / "wide.DSC", text);
+    ASSERT_EQ(Tool("upgrade " + In("wide.DSC") + " " + In("out.DSC")).status, 0);
+    EXPECT_EQ(xTempDirectory::Read(dir / "out.DSC"), text);
+    ToolRun info = Tool("info " + In("out.DSC"));
+    EXPECT_EQ(info.status, 0) << info.err;
+    EXPECT_EQ(info.err, "");
+}
+
+TEST_F(TolvadDsc, AFewBytesDeclaringMillionsOfRowsEndAtTheCount)
+{
+    std::string text = xTempDirectory::Read(kExamples + "/survey-time-domain.DSC");
+    text.replace(text.find("RECEIVER SAMPLING\n10\n"), 21, "RECEIVER SAMPLING\n30000000\n");
+    xTempDirectory::Write(dir / "absurd.DSC", text);
+    ToolRun run = Tool("upgrade " + In("absurd.DSC") + " " + In("out.DSC"));
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "fatal: xEMDesc::Read()  Error reading EM system descriptor.\n");
+    EXPECT_FALSE(std::filesystem::exists(dir / "out.DSC"));
+}
+
+TEST_F(TolvadDsc, OutIsReplacedThroughItsLinksKeepingItsOwnerAndAReadOnlyOneIsRefused)
+{
+    const std::string example = Example("survey-frequency-domain.DSC");
+    const std::string text = xTempDirectory::Read(kExamples + "/survey-frequency-domain.DSC");
+    xTempDirectory::Write(dir / "target.DSC", "old");
+    std::filesystem::create_symlink("target.DSC", dir / "link.DSC");
+    const bool root = ::geteuid() == 0;
+    if (root) {
+        ASSERT_EQ(::chown((dir / "target.DSC").c_str(), 4321, 4321), 0);
+    }
+    ToolRun run = Tool("upgrade " + example + " " + In("link.DSC"));
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_TRUE(std::filesystem::is_symlink(dir / "link.DSC"));
+    EXPECT_EQ(xTempDirectory::Read(dir / "target.DSC"), text);
+    struct stat st;
+    ASSERT_EQ(::stat((dir / "target.DSC").c_str(), &st), 0);
+    if (root) {
+        EXPECT_EQ(st.st_uid, 4321u);
+        EXPECT_EQ(st.st_gid, 4321u);
+    }
+
+    // Whoever runs the tool, a file nobody may write stays as it is.
+    xTempDirectory::Write(dir / "locked.DSC", "keep me");
+    ::chmod((dir / "locked.DSC").c_str(), 0444);
+    run = Tool("upgrade " + example + " " + In("locked.DSC"));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, "tolvad-dsc: cannot write " + dir / "locked.DSC" + ": read-only file\n");
+    EXPECT_EQ(xTempDirectory::Read(dir / "locked.DSC"), "keep me");
+    EXPECT_EQ(Files(), 3);
+}
+
+TEST_F(TolvadDsc, SignalsWhileWritingLeaveNoTemporaryFile)
+{
+    // Enough channels that writing them takes a while: the windows of one
+    // orientation and the rows of the position table.
+    const int channels = 100000;
+    std::string text = xTempDirectory::Read(kExamples + "/survey-time-domain.DSC");
+    const size_t windowsAt = text.find("RECEIVER SAMPLING\n10\n");
+    std::string rows = "RECEIVER SAMPLING\n" + std::to_string(channels) +
+                       "\n       START          END       WEIGHT\n";
+    for (int i = 0; i < channels; ++i)
+        rows += "        4.05         4.07            1\n";
+    text.replace(windowsAt, text.find("_____", windowsAt) - windowsAt, rows);
+    const size_t positionsAt = text.find("\n     1     0", text.find("POSITION (INDEX)")) + 1;
+    rows.clear();
+    for (int i = 1; i <= channels; ++i)
+        rows += std::to_string(i) + " 0 0 0 0 0 0 0 7 17 27\n";
+    text.replace(positionsAt, text.find("-----", positionsAt) - positionsAt, rows);
+    xTempDirectory::Write(dir / "large.DSC", text);
+
+    const std::string exe = TOLVAD_DSC_EXE, in = dir / "large.DSC", out = dir / "out.DSC";
+    for (int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
+        char* const argv[] = {const_cast<char*>(exe.c_str()), const_cast<char*>("upgrade"),
+                              const_cast<char*>(in.c_str()), const_cast<char*>(out.c_str()), nullptr};
+        pid_t child = 0;
+        ASSERT_EQ(posix_spawn(&child, exe.c_str(), &actions, nullptr, argv, environ), 0);
+        posix_spawn_file_actions_destroy(&actions);
+        // Held still as soon as its temporary file is there, then signalled.
+        bool caught = false;
+        for (int wait = 0; wait < 20000 && !caught; ++wait) {
+            for (const auto& entry : std::filesystem::directory_iterator(dir.path))
+                if (entry.path().filename().string().rfind(".out.DSC.", 0) == 0)
+                    caught = ::kill(child, SIGSTOP) == 0;
+            if (!caught)
+                std::this_thread::sleep_for(std::chrono::microseconds(500));
+        }
+        ::kill(child, signal);
+        ::kill(child, SIGCONT);
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        EXPECT_TRUE(caught);
+        ASSERT_TRUE(WIFSIGNALED(status)) << signal;
+        EXPECT_EQ(WTERMSIG(status), signal);
+        EXPECT_FALSE(std::filesystem::exists(out));
+        EXPECT_EQ(Files(), 1) << signal;
+    }
+}
+
 TEST_F(TolvadDsc, ReaderMessagesGoToStandardErrorAndFailuresLeaveTheOutputUntouched)
 {
-    xTempDirectory::Write(dir / "v6.DSC", "FILE FORMAT VERSION\n6\n");
-    ToolRun run = Tool("upgrade " + In("v6.DSC") + " " + In("out.DSC"));
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.err, "note: Currently unsupported version of EM descriptor (version 6)\n");
-    EXPECT_TRUE(std::filesystem::exists(dir / "out.DSC"));
-
     std::string broken = xTempDirectory::Read(kExamples + "/survey-time-domain.DSC");
     broken.resize(broken.find("RECEIVER SAMPLING") + 20);
     xTempDirectory::Write(dir / "broken.DSC", broken);
     xTempDirectory::Write(dir / "out.DSC", "keep me");
-    run = Tool("upgrade " + In("broken.DSC") + " " + In("out.DSC"));
+    ToolRun run = Tool("upgrade " + In("broken.DSC") + " " + In("out.DSC"));
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.err, "fatal: xEMDesc::Read()  Error reading EM system descriptor.\n");
     EXPECT_EQ(xTempDirectory::Read(dir / "out.DSC"), "keep me");
-    EXPECT_EQ(Files(), 3);
+    EXPECT_EQ(Files(), 2);
 
     // A file that can't be read or written ends with status 1.
     run = Tool("upgrade " + In("none.DSC") + " " + In("none-out.DSC"));
