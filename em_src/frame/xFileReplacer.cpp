@@ -20,13 +20,14 @@ constexpr size_t kSlotPath = PATH_MAX;
 char slotPaths[kSlots][kSlotPath];
 volatile sig_atomic_t slotUsed[kSlots];
 
-int TakeSlot(const std::string& path)
+int TakeSlot(const char* path)
 {
-    if (path.size() >= kSlotPath)
+    const size_t length = std::strlen(path);
+    if (length >= kSlotPath)
         return -1;
     for (int i = 0; i < kSlots; ++i) {
         if (!slotUsed[i]) {
-            std::memcpy(slotPaths[i], path.c_str(), path.size() + 1);
+            std::memcpy(slotPaths[i], path, length + 1);
             slotUsed[i] = 1;
             return i;
         }
@@ -138,9 +139,19 @@ bool xFileReplacer::Begin()
     std::string pattern = DirectoryOf(target) + "/." + NameOf(target) + ".XXXXXX";
     std::vector<char> name(pattern.begin(), pattern.end());
     name.push_back('\0');
+    // A signal between the making of the file and its entry in the list
+    // would leave it behind: hold the signals back until both are done.
+    sigset_t ending, before;
+    sigemptyset(&ending);
+    for (int signal : {SIGINT, SIGTERM, SIGHUP})
+        sigaddset(&ending, signal);
+    ::sigprocmask(SIG_BLOCK, &ending, &before);
     int fd = ::mkstemp(name.data());
+    int error = errno;
+    if (fd >= 0)
+        slot = TakeSlot(name.data());
+    ::sigprocmask(SIG_SETMASK, &before, nullptr);
     if (fd < 0) {
-        int error = errno;
         if (fallback == kInPlace && exists && (error == EACCES || error == EPERM || error == EROFS)) {
             // The folder takes no new file but the file itself may be written:
             // the text is gathered first and written over it at the end.
@@ -153,7 +164,6 @@ bool xFileReplacer::Begin()
         return Fail(std::strerror(error));
     }
     temporary.assign(name.data());
-    slot = TakeSlot(temporary);
 
     // mkstemp makes the file private: give it what the old file had, or what
     // a newly created file would get.
