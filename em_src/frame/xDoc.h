@@ -151,6 +151,10 @@ public:
     bool readOnly = false;
     // true: opening for writing truncates without a question.
     bool overwrite = true;
+    // true: Store never writes over the file in place. The whole text is made
+    // first and replaces the old file at once (xFileReplacer), so a save that
+    // fails leaves the old file as it was; Save As opens nothing before that.
+    bool replaceWhole = false;
     // true: opening a missing file for reading warns.
     bool reportMissing = true;
     std::string saveAsPrompt = "Save As :";
@@ -162,6 +166,7 @@ protected:
     std::ostream* outStream = nullptr;
 
 private:
+    bool StoreWhole();
     void DeleteStreams();
     void MakeStreams();
     void OpenBuffer(std::ios::openmode mode);
@@ -173,6 +178,8 @@ private:
     std::vector<std::unique_ptr<xDocWindow>> windows;
     bool changed = false;
     long id;
+    // Save As chose the file that a whole store is to create.
+    bool writeChosen = false;
 };
 
 #endif
