@@ -139,7 +139,8 @@ bool xEMEditDesc::AddOrientation(const std::string& name)
     int channels = item->system.Channels();
     items[key] = std::move(item);
     format->SetOrientationChannels(channels, code);
-    if (!system) {
+    // A descriptor that had no records now has current ones.
+    if (!SetCurrent(current)) {
         SetCurrent(code);
         ReloadCards();
     }
