@@ -32,7 +32,7 @@ std::string Slug(const std::string& title)
 bool Render(const QString& path, const QDir& out, int& written)
 {
     xEMWinDesc document;
-    document.SetFilePath(QFileInfo(path).absoluteFilePath().toStdString());
+    document.SetFilePath(path.toStdString());
     if (!document.Load()) {
         std::fprintf(stderr, "tolvad-cardshots: cannot read %s\n", path.toLocal8Bit().constData());
         return false;
@@ -80,12 +80,17 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "tolvad-cardshots: cannot make %s\n", arguments[1].toLocal8Bit().constData());
         return 1;
     }
+    // Reading a file makes its folder current: the names are made full first.
+    QStringList paths;
+    for (int i = 2; i < arguments.size(); ++i)
+        paths << QFileInfo(arguments[i]).absoluteFilePath();
+    out.makeAbsolute();
     xHeadlessPlatform platform;
     SetPlatform(&platform);
     int written = 0;
     bool good = true;
-    for (int i = 2; i < arguments.size(); ++i)
-        good = Render(arguments[i], out, written) && good;
+    for (const QString& path : paths)
+        good = Render(path, out, written) && good;
     SetPlatform(nullptr);
     std::printf("%d pictures in %s\n", written, arguments[1].toLocal8Bit().constData());
     return good ? 0 : 1;
