@@ -3,6 +3,7 @@
 #include "app/xQtMenuBar.h"
 #include "app/xStartDlg.h"
 #include "app/xTaskWin.h"
+#include "app/xTutorialDlg.h"
 #include "cards/xEMSysCard.h"
 #include "frame/xDescWin.h"
 #include "frame/xEMWinDesc.h"
@@ -18,6 +19,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
+#include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -281,4 +283,37 @@ TEST_F(EditorWindow, EveryLabelTabButtonAndPromptLineShowsWhole)
     app.StartUp();
     ASSERT_NE(app.TaskWindow(), nullptr);
     EXPECT_EQ(Kit::ClippedTexts(*app.TaskWindow()), Texts{});
+}
+
+TEST_F(EditorWindow, CommandLineTellsItsUseAndVersion)
+{
+    QProcess editor;
+    editor.start(QStringLiteral(TOLVAD_EDITOR), {QStringLiteral("--version")});
+    ASSERT_TRUE(editor.waitForFinished(20000));
+    EXPECT_EQ(editor.exitCode(), 0);
+    EXPECT_EQ(editor.readAllStandardOutput().toStdString(), "Tolvad v. 5.00 (file v.9)\n");
+    editor.start(QStringLiteral(TOLVAD_EDITOR), {QStringLiteral("--help")});
+    ASSERT_TRUE(editor.waitForFinished(20000));
+    std::string help = editor.readAllStandardOutput().toStdString();
+    EXPECT_NE(help.find("[FILE.DSC]"), std::string::npos) << help;
+    EXPECT_NE(help.find("--version"), std::string::npos) << help;
+}
+
+TEST_F(EditorWindow, TutorialDialogAsksWithItsBox)
+{
+    xTutorialDlg tutorial;
+    Texts lines;
+    Kit::OnNextDialog([&lines](QDialog& dialog) {
+        for (QLabel* label : dialog.findChildren<QLabel*>())
+            lines.push_back(label->text().toStdString());
+        QCheckBox* box = static_cast<xTutorialDlg&>(dialog).Box();
+        QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));   // on its square
+        dialog.accept();
+    });
+    EXPECT_TRUE(tutorial.Run());
+    EXPECT_EQ(tutorial.windowTitle().toStdString(), "Set Tutorial Dialog");
+    EXPECT_EQ(tutorial.Box()->text().toStdString(), "Build tutorial project");
+    EXPECT_EQ(lines, (Texts{"Set the checkbox below to build a tutorial project.",
+                            "Run all processes starting from ASCII->BIN. This will",
+                            "set a TUTORIAL flag to all files."}));
 }
