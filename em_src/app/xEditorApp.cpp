@@ -12,7 +12,9 @@ xEditorApp::xEditorApp() = default;
 
 xEditorApp::~xEditorApp()
 {
-    // The documents and their windows go before the application's window.
+    // The documents and their windows go before the application's window,
+    // which doesn't come up for the moment between.
+    destroying = true;
     DestroyAllDocuments();
 }
 
@@ -71,7 +73,7 @@ void xEditorApp::EndEventLoop()
 
 void xEditorApp::DocumentsChanged()
 {
-    if (HasEnded())
+    if (HasEnded() || destroying)
         return;
     if (DocumentCount() > 0) {
         if (taskWindow)

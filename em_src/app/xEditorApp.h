@@ -32,6 +32,7 @@ protected:
 private:
     std::unique_ptr<xTaskWin> taskWindow;
     bool running = false;
+    bool destroying = false;
 };
 
 #endif

@@ -97,7 +97,7 @@ TEST_F(EditDesc, CardsFollowTheDomainAndTheWaveformKinds)
     EXPECT_EQ(frequency.CardTitles(), (Titles{"System Description", "Frequencies", "System Geometry", "Data Format"}));
 }
 
-TEST_F(EditDesc, OrientationsComeWithCopiesAndTheLastOneStays)
+TEST_F(EditDesc, OrientationsComeWithCopiesAndTheCurrentOneHandsOver)
 {
     doc.system->windows.Resize(1, 4, 0, 1);
     doc.system->SetChannels(4);
@@ -123,15 +123,6 @@ TEST_F(EditDesc, OrientationsComeWithCopiesAndTheLastOneStays)
     EXPECT_EQ(Codes(), std::vector<int>{101});
     EXPECT_EQ(doc.format->clasf[109], 0);
     EXPECT_EQ(doc.calls, (Titles{"reload 101", "stale Data Format", "remove 109 101"}));
-
-    // The last one can't go.
-    doc.calls.clear();
-    std::string before = doc.Saved();
-    EXPECT_FALSE(doc.RemoveOrientation(101));
-    EXPECT_EQ(platform.Texts(xPlatform::kWarning),
-              Titles{"At least one Transmitter/Receiver orientation has to remain selected at all times."});
-    EXPECT_EQ(doc.Saved(), before);
-    EXPECT_TRUE(doc.calls.empty());
 
     // An orientation the table names without records gets copies when it becomes current.
     ASSERT_TRUE(doc.AddOrientation("TyRy"));
