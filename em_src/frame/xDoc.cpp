@@ -237,9 +237,7 @@ bool xDoc::OpenForWrite(const xFileSpec* spec)
     if (overwrite)
         mode |= std::ios::trunc;
     if (!overwrite && FileExists()) {
-        int answer = PostAsk("No", "Yes", "Cancel", "%s already exists. Do you want to overwrite it?",
-                             fileSpec->name.c_str());
-        switch (answer) {
+        switch (AskOfThree("No", "Yes", "Cancel", fileSpec->name + " already exists. Do you want to overwrite it?")) {
         case 0:
             SelectForWrite();
             break;
@@ -249,7 +247,6 @@ bool xDoc::OpenForWrite(const xFileSpec* spec)
         case 2:
             return false;
         default:
-            PostError("Invalid return from ask.");
             break;
         }
     }
@@ -339,6 +336,15 @@ bool xDoc::Store()
     outStream->flush();
     CloseFile();
     return !outStream->fail();
+}
+
+int xDoc::AskOfThree(const char* first, const char* second, const char* third, const std::string& text)
+{
+    int answer = PostAsk(first, second, third, "%s", text.c_str());
+    if (answer >= 0 && answer <= 2)
+        return answer;
+    PostError("Invalid return from ask.");
+    return -1;
 }
 
 bool xDoc::StoreWhole()

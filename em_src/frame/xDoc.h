@@ -161,6 +161,10 @@ public:
     std::string selectPrompt = "Select file :";
 
 protected:
+    // A question with three buttons: 0, 1 or 2; an answer that is none of
+    // them is told as the error "Invalid return from ask." and gives -1.
+    static int AskOfThree(const char* first, const char* second, const char* third, const std::string& text);
+
     // Owned; made by the openings over fileBuf.
     std::istream* inStream = nullptr;
     std::ostream* outStream = nullptr;

@@ -283,21 +283,14 @@ bool xEMEditDesc::DoSaveAs()
 bool xEMEditDesc::DoClose()
 {
     if (IsChanged()) {
-        switch (PostAsk("Save", "Discard", "Cancel", "%s has changed, save before closing?",
-                        GetFileName().c_str())) {
-        case 0:
-            // What comes of it isn't looked at: the window's close asks again.
+        int answer = AskOfThree("Save", "Discard", "Cancel", GetFileName() + " has changed, save before closing?");
+        // What comes of a Save isn't looked at: the window's close asks again.
+        if (answer == 0)
             DoSave();
-            break;
-        case 1:
+        else if (answer == 1)
             SetChanged(false);
-            break;
-        case 2:
+        else if (answer == 2)
             return false;
-        default:
-            PostError("Invalid return from ask.");
-            break;
-        }
     }
     while (WindowCount() > 0) {
         if (!Window(0)->Close())
