@@ -41,7 +41,7 @@ case "${1:-}" in
       if [ -x "$BUILD/tools/tolvad" ]; then
         echo "No display: summarising $EXAMPLE with the command-line tool."
       else
-        echo "The editor's window is not built yet: summarising $EXAMPLE with the command-line tool."
+        echo "The editor is not built (no Qt): summarising $EXAMPLE with the command-line tool."
       fi
       exec "$BUILD/tools/tolvad-dsc" info "$EXAMPLE"
     else

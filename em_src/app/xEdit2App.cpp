@@ -112,10 +112,16 @@ void xEdit2App::DoSaveAll()
     }
 }
 
-void xEdit2App::DoMenuCommand(long command, bool /*shift*/, bool /*control*/)
+void xEdit2App::DoMenuCommand(long command, bool shift, bool control)
 {
     if (command == kImportOld)
         PostNote("xEdit2App::DoMenuCommand() Import of old format descriptors not supported.");
+    // Past the window commands of the base, on purpose.
+    ApplicationMenuCommand(command, shift, control);
+}
+
+void xEdit2App::ApplicationMenuCommand(long command, bool /*shift*/, bool /*control*/)
+{
     switch (command) {
     case xDoc::kNew:
         DoNew();
@@ -157,7 +163,25 @@ void xEdit2App::RouteMenuCommand(long command, xDoc* doc, bool shift, bool contr
     DoMenuCommand(command, shift, control);
 }
 
-void xEdit2App::DoCommand(long command, void* /*data*/)
+void xEdit2App::RouteFromDocument(xDoc& doc, long command)
+{
+    if (auto* app = dynamic_cast<xEdit2App*>(doc.NextTarget())) {
+        app->RouteMenuCommand(command, &doc);
+        return;
+    }
+    if (command == xDoc::kClose)
+        doc.DoClose();
+    else
+        doc.DoMenuCommand(command, false, false);
+}
+
+void xEdit2App::DoCommand(long command, void* data)
+{
+    // Past the base's handler: its window commands mean nothing here.
+    ApplicationCommand(command, data);
+}
+
+void xEdit2App::ApplicationCommand(long command, void* /*data*/)
 {
     DoMenuCommand(command, false, false);
 }
@@ -199,14 +223,19 @@ void xEdit2App::DestroyDocument(xDoc* doc)
     // Out of the list before it goes, so nothing reaches a half-destroyed document.
     std::unique_ptr<xDoc> gone = std::move(*found);
     documents.erase(found);
+    gone.reset();
+    DocumentsChanged();
 }
 
 void xEdit2App::DestroyAllDocuments()
 {
+    if (documents.empty())
+        return;
     while (!documents.empty()) {
         std::unique_ptr<xDoc> gone = std::move(documents.back());
         documents.pop_back();
     }
+    DocumentsChanged();
 }
 
 std::unique_ptr<xDoc> xEdit2App::MakeDocument()
@@ -239,5 +268,6 @@ xDoc* xEdit2App::CreateDocument()
     doc->SetNextTarget(this);
     doc->SetId(static_cast<long>(documents.size()) + 1);
     documents.push_back(std::move(doc));
+    DocumentsChanged();
     return documents.back().get();
 }

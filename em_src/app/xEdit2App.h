@@ -1,8 +1,8 @@
 #ifndef TOLVAD_APP_XEDIT2APP_H
 #define TOLVAD_APP_XEDIT2APP_H
 
+#include "app/xShellApp.h"
 #include "frame/xDoc.h"
-#include "gui/xCommandTarget.h"
 
 #include <cstdint>
 #include <memory>
@@ -15,8 +15,9 @@ class xMenuBar;
 // document is, creates documents on New and Open, closes them all on Exit and
 // routes the menu commands. It owns its documents. The screen form derives
 // from it and replaces the hooks (start dialog, about window, end of the
-// event loop).
-class xEdit2App : public xCommandTarget {
+// event loop). The window commands of its base have no effect here: its
+// menu and command handlers pass that base over.
+class xEdit2App : public xShellApp {
 public:
     // Menu commands beyond those of the document.
     enum {
@@ -56,10 +57,13 @@ public:
     // those that agreed before it are gone.
     bool DoCloseAll();
     void DoSaveAll();
-    virtual void DoMenuCommand(long command, bool shift, bool control);
+    void DoMenuCommand(long command, bool shift, bool control) override;
     // A menu command from the window of doc (none: the task window): the
     // document takes its share, the application the rest.
     void RouteMenuCommand(long command, xDoc* doc, bool shift = false, bool control = false);
+    // The same from a window that knows only its document: through the
+    // document's application, or to the document alone when it has none.
+    static void RouteFromDocument(xDoc& doc, long command);
     // Commands that come up the chain from the documents.
     void DoCommand(long command, void* data) override;
 
@@ -71,8 +75,8 @@ public:
     // Where the fatal faults of the application come to; ends the process.
     [[noreturn]] static void ReportPower(long number, const char* file, int line);
 
-    size_t DocumentCount() const { return documents.size(); }
-    xDoc* Document(size_t index) const { return documents[index].get(); }
+    size_t DocumentCount() const override { return documents.size(); }
+    xDoc* Document(size_t index) const override { return documents[index].get(); }
     void DestroyDocument(xDoc* doc);
     // Destroys every document with no question.
     void DestroyAllDocuments();
@@ -88,6 +92,11 @@ protected:
     virtual bool RunStartDialog(long& command);
     // Ends the event loop and the application.
     virtual void EndEventLoop();
+    // After a document came or went.
+    virtual void DocumentsChanged() {}
+
+    void ApplicationMenuCommand(long command, bool shift, bool control) override;
+    void ApplicationCommand(long command, void* data) override;
 
 private:
     // A new document of MakeDocument, linked and numbered; an allocation that
@@ -95,7 +104,6 @@ private:
     xDoc* CreateDocument();
 
     std::vector<std::string> startupFiles;
-    int32_t startupFileCount = 0;
     std::vector<std::unique_ptr<xDoc>> documents;
     bool ended = false;
 };

@@ -1,6 +1,7 @@
 #include "frame/xDoc.h"
 
 #include "frame/xFileDialog.h"
+#include "frame/xFileReplacer.h"
 #include "gui/xMenuBar.h"
 #include "gui/xPlatform.h"
 
@@ -9,6 +10,8 @@
 #include <ctime>
 #include <istream>
 #include <ostream>
+#include <sstream>
+#include <utility>
 
 namespace {
 
@@ -234,9 +237,7 @@ bool xDoc::OpenForWrite(const xFileSpec* spec)
     if (overwrite)
         mode |= std::ios::trunc;
     if (!overwrite && FileExists()) {
-        int answer = PostAsk("No", "Yes", "Cancel", "%s already exists. Do you want to overwrite it?",
-                             fileSpec->name.c_str());
-        switch (answer) {
+        switch (AskOfThree("No", "Yes", "Cancel", fileSpec->name + " already exists. Do you want to overwrite it?")) {
         case 0:
             SelectForWrite();
             break;
@@ -246,7 +247,6 @@ bool xDoc::OpenForWrite(const xFileSpec* spec)
         case 2:
             return false;
         default:
-            PostError("Invalid return from ask.");
             break;
         }
     }
@@ -281,6 +281,7 @@ bool xDoc::SelectForRead(const std::string& prompt, const char* directory)
     if (FileOpenDialog(fileSpec.get(), selectPrompt) != kFileDialogChosen)
         return false;
     SetFileName(fileSpec->name);
+    writeChosen = false;
     return OpenForRead();
 }
 
@@ -293,6 +294,14 @@ bool xDoc::SelectForWrite(const std::string& prompt, const char* directory)
     if (FileSaveDialog(fileSpec.get(), saveAsPrompt) != kFileDialogChosen)
         return false;
     SetFileName(fileSpec->name);
+    if (replaceWhole) {
+        // The chosen file is replaced by Store, not opened (and cut) now.
+        std::string chosenDirectory;
+        if (fileSpec->DirectoryText(chosenDirectory))
+            Platform().SetCurrentDirectory(chosenDirectory);
+        writeChosen = true;
+        return true;
+    }
     return OpenForWrite();
 }
 
@@ -316,6 +325,8 @@ bool xDoc::Store()
         PostWarning("Attempt to write to read only file.");
         return false;
     }
+    if (replaceWhole)
+        return StoreWhole();
     if (!IsAttached())
         OpenForWrite();
     if (!outStream || !outStream->good())
@@ -325,6 +336,45 @@ bool xDoc::Store()
     outStream->flush();
     CloseFile();
     return !outStream->fail();
+}
+
+int xDoc::AskOfThree(const char* first, const char* second, const char* third, const std::string& text)
+{
+    int answer = PostAsk(first, second, third, "%s", text.c_str());
+    if (answer >= 0 && answer <= 2)
+        return answer;
+    PostError("Invalid return from ask.");
+    return -1;
+}
+
+bool xDoc::StoreWhole()
+{
+    CloseFile();
+    std::string directory;
+    if (fileSpec->DirectoryText(directory))
+        Platform().SetCurrentDirectory(directory);
+    // The text is made whole in memory first: a fault while it is made never
+    // leaves a file half written.
+    std::ostringstream text;
+    std::ostream* saved = std::exchange(outStream, &text);
+    try {
+        Write();
+    } catch (...) {
+        outStream = saved;
+        throw;
+    }
+    outStream = saved;
+
+    xFileReplacer replacer(GetFullPath());
+    bool written = replacer.Begin();
+    if (written) {
+        const std::string bytes = text.str();
+        replacer.Stream().write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        written = replacer.Commit();
+    }
+    if (!written)
+        PostError("Cannot save the file - %s: %s.", GetFullPath().c_str(), replacer.Reason().c_str());
+    return written;
 }
 
 // --- Lines and bytes ---
@@ -533,7 +583,7 @@ bool xDoc::DoOpen()
 
 bool xDoc::DoSave()
 {
-    if (!FileExists())
+    if (!FileExists() && !writeChosen)
         return DoSaveAs();
     if (!Store())
         return false;

@@ -151,17 +151,26 @@ public:
     bool readOnly = false;
     // true: opening for writing truncates without a question.
     bool overwrite = true;
+    // true: Store never writes over the file in place. The whole text is made
+    // first and replaces the old file at once (xFileReplacer), so a save that
+    // fails leaves the old file as it was; Save As opens nothing before that.
+    bool replaceWhole = false;
     // true: opening a missing file for reading warns.
     bool reportMissing = true;
     std::string saveAsPrompt = "Save As :";
     std::string selectPrompt = "Select file :";
 
 protected:
+    // A question with three buttons: 0, 1 or 2; an answer that is none of
+    // them is told as the error "Invalid return from ask." and gives -1.
+    static int AskOfThree(const char* first, const char* second, const char* third, const std::string& text);
+
     // Owned; made by the openings over fileBuf.
     std::istream* inStream = nullptr;
     std::ostream* outStream = nullptr;
 
 private:
+    bool StoreWhole();
     void DeleteStreams();
     void MakeStreams();
     void OpenBuffer(std::ios::openmode mode);
@@ -173,6 +182,8 @@ private:
     std::vector<std::unique_ptr<xDocWindow>> windows;
     bool changed = false;
     long id;
+    // Save As chose the file that a whole store is to create.
+    bool writeChosen = false;
 };
 
 #endif

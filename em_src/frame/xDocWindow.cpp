@@ -5,6 +5,8 @@
 bool xDocWindow::Close()
 {
     xDoc* owner = document;
+    if (!MayClose())
+        return false;
     if (owner && !owner->CanCloseWindow(this))
         return false;
     Closing();

@@ -25,7 +25,18 @@ public:
 
     xDoc* Document() const { return document; }
 
+    // Where the window stands on the screen, for arranging the windows; a
+    // window without a place gives false.
+    virtual bool GetFrame(int& /*left*/, int& /*top*/, int& /*width*/, int& /*height*/) const
+    {
+        return false;
+    }
+    virtual void MoveTo(int /*left*/, int /*top*/) {}
+
 protected:
+    // First word of a close: a window may refuse before its document is asked
+    // (a window of cards asks the cards that are not complete).
+    virtual bool MayClose() { return true; }
     // Last word of the window before it is destroyed by a close; the screen
     // form hides itself here.
     virtual void Closing() {}

@@ -165,3 +165,102 @@ TEST_F(AppTest, MenuCommandsGoDownFromDocumentToApplication)
     EXPECT_EQ(platform.Texts(xPlatform::kFatal),
               std::vector<std::string>{"XVT-Power++ Error: #311, File:xEdit2App.cpp, Line:12"});
 }
+
+namespace {
+
+// A window with a place on the screen.
+class PlacedWindow : public xDocWindow {
+public:
+    PlacedWindow(int width, int height) : width(width), height(height) {}
+    void UpdateMenus() override {}
+    void SetTitle(const std::string&) override {}
+    bool GetFrame(int& l, int& t, int& w, int& h) const override
+    {
+        l = left;
+        t = top;
+        w = width;
+        h = height;
+        return true;
+    }
+    void MoveTo(int l, int t) override
+    {
+        left = l;
+        top = t;
+    }
+    int left = 300, top = 300, width, height;
+};
+
+// A document that keeps the commands sent to it.
+class ListeningDoc : public xDoc {
+public:
+    void DoCommand(long command, void* data) override
+    {
+        heard.push_back(command);
+        xDoc::DoCommand(command, data);
+    }
+    std::vector<long> heard;
+};
+
+// The shell's own handlers, which the editor passes over, made reachable.
+class ShellApp : public xEdit2App {
+public:
+    void ShellMenuCommand(long command) { xShellApp::DoMenuCommand(command, false, false); }
+    void ShellCommand(long command, void* data) { xShellApp::DoCommand(command, data); }
+
+protected:
+    std::unique_ptr<xDoc> MakeDocument() override { return std::make_unique<ListeningDoc>(); }
+    int TitleBarHeight() const override { return 20; }
+};
+
+class MenuListener : public xCommandTarget {
+public:
+    void DoCommand(long command, void* data) override
+    {
+        this->command = command;
+        menu = static_cast<const xShellApp::Menu*>(data);
+    }
+    long command = 0;
+    const xShellApp::Menu* menu = nullptr;
+};
+
+} // namespace
+
+TEST_F(AppTest, ShellWindowsMenuCascadesAndTellsTheDocumentsButTheEditorPassesItOver)
+{
+    ShellApp app;
+    app.DoNew();
+    app.DoNew();
+    auto* first = static_cast<PlacedWindow*>(app.Document(0)->AddWindow(std::make_unique<PlacedWindow>(400, 300)));
+    auto* empty = static_cast<PlacedWindow*>(app.Document(0)->AddWindow(std::make_unique<PlacedWindow>(0, 300)));
+    auto* second = static_cast<PlacedWindow*>(app.Document(1)->AddWindow(std::make_unique<PlacedWindow>(400, 300)));
+
+    app.DoMenuCommand(xShellApp::kCascade, false, false);   // the editor's handler: no effect
+    EXPECT_EQ(first->left, 300);
+
+    app.ShellMenuCommand(xShellApp::kCascade);
+    EXPECT_EQ(std::make_pair(first->left, first->top), std::make_pair(1, 21));
+    EXPECT_EQ(std::make_pair(second->left, second->top), std::make_pair(11, 41));
+    EXPECT_EQ(empty->left, 300);   // no size: left alone
+
+    app.ShellMenuCommand(xShellApp::kRestoreSize);
+    app.ShellMenuCommand(xShellApp::kMinimize);
+    app.ShellMenuCommand(xDoc::kAbout);   // the application's own, then told to all
+    for (size_t i = 0; i < 2; ++i)
+        EXPECT_EQ(static_cast<ListeningDoc*>(app.Document(i))->heard, (std::vector<long>{501, 502, 511})) << i;
+    EXPECT_EQ(platform.Texts(xPlatform::kNote), std::vector<std::string>{"Tolvad v. 5.00 (file v.9)"});
+
+    MenuListener listener;
+    app.ShellCommand(xShellApp::kAskWindowsMenu, &listener);
+    EXPECT_EQ(listener.command, xShellApp::kWindowsMenuAnswer);
+    ASSERT_NE(listener.menu, nullptr);
+    EXPECT_EQ(listener.menu->tag, 31899);
+    EXPECT_EQ(listener.menu->mnemonic, 'W');
+    ASSERT_EQ(listener.menu->entries.size(), 3u);
+    const xShellApp::MenuEntry expected[] = {{31898, "Cascade", 'C'}, {31897, "Minimize", 'M'},
+                                             {31896, "Restore Size", 'R'}};
+    for (size_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(listener.menu->entries[i].id, expected[i].id);
+        EXPECT_EQ(listener.menu->entries[i].text, expected[i].text);
+        EXPECT_EQ(listener.menu->entries[i].mnemonic, expected[i].mnemonic);
+    }
+}

@@ -1,0 +1,143 @@
+#include "cards/xEMSysCardLogic.h"
+
+#include "cards/xCardChecks.h"
+#include "frame/xEMEditDesc.h"
+#include "gui/xRecordingPlatform.h"
+#include "model/xEMSHeader.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+const std::string kExamples = TOLVAD_EXAMPLES_DIR;
+
+// The link above a card: keeps the commands it sends.
+class Recorder : public xCommandTarget {
+public:
+    void DoCommand(long command, void*) override { commands.push_back(command); }
+    std::vector<long> commands;
+};
+
+class SystemCardLogic : public ::testing::Test {
+protected:
+    xRecordingPlatform platform;
+    xEMEditDesc doc;
+    Recorder window;
+    xEMSysCardLogic logic{doc, &window};
+    xEMSHeader& header = *doc.header;
+};
+
+} // namespace
+
+TEST_F(SystemCardLogic, ApplyStoresAsItGoesAndStopsAtAMissingHalfPeriod)
+{
+    xEMSysCardLogic::Values values = xEMSysCardLogic::ValuesOf(header);
+    values.systemName = "Bird 2";
+    values.normalizedBy = "component";
+    values.txKind = "other";   // a field of the last step
+    std::string message;
+    // A new header's half period is 0: the real one is missing.
+    EXPECT_FALSE(logic.Apply(values, message));
+    EXPECT_EQ(message, "Undefined halfperiod in real time.");
+    EXPECT_EQ(header.systemName, "Bird 2");
+    EXPECT_EQ(header.normalizedBy, "component");
+    EXPECT_EQ(header.txKind, "undefined");
+    EXPECT_TRUE(doc.IsChanged());
+
+    values.halfPeriod = 2.5f;
+    values.nominalHalfPeriod = 0.0f;
+    EXPECT_FALSE(logic.Apply(values, message));
+    EXPECT_EQ(message, "Undefined halfperiod in nominal time.");
+    EXPECT_EQ(header.halfPeriod, 2.5f);
+    EXPECT_EQ(header.realHalfPeriod, 2.5f);
+
+    values.nominalHalfPeriod = 40.0f;
+    values.timeUnit = "mSec";
+    message.clear();
+    EXPECT_TRUE(logic.Apply(values, message));
+    EXPECT_EQ(message, "");
+    EXPECT_EQ(header.nominalHalfPeriod, 40.0f);
+    EXPECT_EQ(header.timeUnit, "mSec");
+    EXPECT_EQ(header.txKind, "other");
+
+    // Nothing differs: nothing is marked.
+    doc.SetChanged(false);
+    EXPECT_TRUE(logic.Apply(values, message));
+    EXPECT_FALSE(doc.IsChanged());
+
+    // In the frequency domain the half periods are not read.
+    values.waveformType = "frequency domain";
+    values.halfPeriod = 0.0f;
+    values.rxKind = "averaged";
+    EXPECT_TRUE(logic.Apply(values, message));
+    EXPECT_EQ(header.halfPeriod, 2.5f);
+    EXPECT_EQ(header.rxKind, "nominal");
+    EXPECT_TRUE(window.commands.empty());
+}
+
+TEST_F(SystemCardLogic, ChoicesSendTheirCommandsAndTimeScalingTakesBothHalfPeriods)
+{
+    logic.ChooseTxKind("undefined");   // the same kind still asks
+    EXPECT_FALSE(doc.IsChanged());
+    logic.ChooseTxKind("nominal");
+    EXPECT_EQ(header.txKind, "nominal");
+    EXPECT_TRUE(doc.IsChanged());
+    logic.ChooseRxKind("undefined");
+    logic.ChooseRxKind("calibrated");
+    EXPECT_EQ(window.commands, (std::vector<long>{9346, 9345, 9348, 9347}));
+
+    window.commands.clear();
+    logic.ChooseWaveformType("halfperiod");   // the same type sends nothing
+    EXPECT_TRUE(window.commands.empty());
+    logic.ChooseWaveformType("frequency domain");
+    EXPECT_TRUE(header.IsFrequencyDomain());
+    logic.ChooseWaveformType("transient");
+    EXPECT_EQ(window.commands, (std::vector<long>{9349, 9350}));
+
+    FloatArray pair = logic.TimeScaling();
+    EXPECT_EQ(pair.Lower(), 1);
+    EXPECT_EQ(pair[1], header.realHalfPeriod);
+    EXPECT_EQ(pair[2], header.nominalHalfPeriod);
+    EXPECT_EQ(xEMSysCardLogic::TimeScalingLabels("mSec"),
+              (std::vector<std::string>{"real time [mSec]  ", "nominal time "}));
+    doc.SetChanged(false);
+    logic.TakeTimeScaling(pair);
+    EXPECT_FALSE(doc.IsChanged());
+    pair[1] = 3.0f;
+    pair[2] = 30.0f;
+    logic.TakeTimeScaling(pair);
+    EXPECT_TRUE(doc.IsChanged());
+    EXPECT_EQ(header.realHalfPeriod, 3.0f);
+    EXPECT_EQ(header.nominalHalfPeriod, 30.0f);
+    EXPECT_EQ(header.halfPeriod, 0.0f);   // only the card's box keeps the copy equal
+}
+
+TEST(CardChecks, RunEveryCardOfEveryOrientationWithoutControlsAndChangeNothing)
+{
+    xRecordingPlatform platform;
+    xEMEditDesc fresh;
+    std::vector<xCardChecks::Failure> failures = xCardChecks::Run(fresh);
+    ASSERT_EQ(failures.size(), 1u);
+    EXPECT_EQ(failures[0].code, 109);
+    EXPECT_EQ(failures[0].title, "System Description");
+    EXPECT_EQ(failures[0].message, "Undefined halfperiod in real time.");
+    EXPECT_FALSE(fresh.IsChanged());
+    EXPECT_EQ(xCardChecks::MakeLogic("Data Format", fresh), nullptr);   // no logic of its own yet
+
+    for (const char* name : {"survey-time-domain.DSC", "survey-frequency-domain.DSC", "survey-version7.DSC"}) {
+        xEMEditDesc doc;
+        doc.SetFilePath(kExamples + "/" + name);
+        ASSERT_TRUE(doc.Load()) << name;
+        std::ostringstream before, after;
+        doc.WriteTo(before);
+        int current = doc.current;
+        EXPECT_TRUE(xCardChecks::Run(doc).empty()) << name;
+        EXPECT_EQ(doc.current, current) << name;
+        EXPECT_FALSE(doc.IsChanged()) << name;
+        doc.WriteTo(after);
+        EXPECT_EQ(after.str(), before.str()) << name;
+    }
+    EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
+}
