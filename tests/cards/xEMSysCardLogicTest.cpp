@@ -119,10 +119,12 @@ TEST(CardChecks, RunEveryCardOfEveryOrientationWithoutControlsAndChangeNothing)
     xRecordingPlatform platform;
     xEMEditDesc fresh;
     std::vector<xCardChecks::Failure> failures = xCardChecks::Run(fresh);
-    ASSERT_EQ(failures.size(), 1u);
+    ASSERT_EQ(failures.size(), 2u);
     EXPECT_EQ(failures[0].code, 109);
     EXPECT_EQ(failures[0].title, "System Description");
     EXPECT_EQ(failures[0].message, "Undefined halfperiod in real time.");
+    EXPECT_EQ(failures[1].title, "Rx Waveform");   // its table has one row
+    EXPECT_EQ(failures[1].message, "Undefined waveform or windows.");
     EXPECT_FALSE(fresh.IsChanged());
     EXPECT_EQ(xCardChecks::MakeLogic("Data Format", fresh), nullptr);   // no logic of its own yet
 

@@ -1,0 +1,82 @@
+#include "cards/xEMFreqCardLogic.h"
+
+#include "frame/xEMEditDesc.h"
+#include "model/xEMSDesc.h"
+
+const char* const xEMFreqCardLogic::kIncomplete = "Undefined frequencies.";
+const char* const xEMFreqCardLogic::kScaleDialogTitle = "Amplitude scaling";
+const char* const xEMFreqCardLogic::kFrequencyPrompt = "Frequencies.\nSpecify range of frequencies used [Hz].";
+
+xEMFreqCardLogic::xEMFreqCardLogic(xEMDesc& document, xCommandTarget* up) : xEMTableCardLogic(document, up) {}
+
+xEMFreqCardLogic::Values xEMFreqCardLogic::ValuesOf(const xEMSDesc& record)
+{
+    return Values{record.frequencies};
+}
+
+bool xEMFreqCardLogic::Apply(const Values& values, std::string& message)
+{
+    xEMSDesc* record = Record();
+    if (!record) {
+        message = kIncomplete;
+        return false;
+    }
+    const bool tableChanged = TakeTable(record->frequencies, InRecordBounds(values.frequencies, record->frequencies));
+    // Unlike the waveform card, weights of the wrong count alone are a change.
+    const bool countChanged = record->weights.Size() != record->frequencies.Rows();
+    if (countChanged)
+        record->SetChannels(record->frequencies.Rows());
+    if (tableChanged || countChanged) {
+        MarkChanged();
+        Send(xEMEditDesc::kCopySystem, record);
+    }
+    return Complete(message);
+}
+
+bool xEMFreqCardLogic::Complete(std::string& message) const
+{
+    if (Record() && Record()->Channels() >= 2)
+        return true;
+    message = kIncomplete;
+    return false;
+}
+
+bool xEMFreqCardLogic::CheckRecord(std::string& message)
+{
+    // What Apply of the record's own table answers, without touching it.
+    return Complete(message);
+}
+
+const std::vector<xEMTableCardLogic::TableMenu>& xEMFreqCardLogic::Menus() const
+{
+    static const std::vector<TableMenu> menus = {
+        {kFrequencyMenu, "Frequency", kFrequencyCut, kFrequencyCopy, kFrequencyPaste, kFrequencyGrid, 1, true},
+    };
+    return menus;
+}
+
+void xEMFreqCardLogic::RowsChanged(long /*grid*/, int rows)
+{
+    SendChannels(rows);
+}
+
+FloatArray xEMFreqCardLogic::AmplitudeScale() const
+{
+    FloatArray values(1, 2);
+    if (const xEMSDesc* record = Record()) {
+        values[1] = record->realAmplitude;
+        values[2] = record->nominalAmplitude;
+    }
+    return values;
+}
+
+std::vector<std::string> xEMFreqCardLogic::AmplitudeScaleLabels() const
+{
+    return {"real amplitude", "nominal amplitude "};
+}
+
+void xEMFreqCardLogic::TakeAmplitudeScale(const FloatArray& values)
+{
+    if (xEMSDesc* record = Record())
+        TakePair(record->realAmplitude, record->nominalAmplitude, values);
+}
