@@ -1,6 +1,8 @@
 #include "frame/xCardCatalog.h"
 
+#include "cards/xEMFreqCard.h"
 #include "cards/xEMSysCard.h"
+#include "cards/xEMWaveCard.h"
 #include "frame/xEMEditDesc.h"
 
 #include <map>
@@ -12,6 +14,9 @@ std::map<std::string, xCardCatalog::Maker>& Makers()
 {
     static std::map<std::string, xCardCatalog::Maker> makers = {
         {xEMEditDesc::kSystemCard, &xEMSysCard::Make},
+        {xEMEditDesc::kTxWaveCard, &xEMWaveCard::MakeTx},
+        {xEMEditDesc::kRxWaveCard, &xEMWaveCard::MakeRx},
+        {xEMEditDesc::kFrequencyCard, &xEMFreqCard::Make},
     };
     return makers;
 }
