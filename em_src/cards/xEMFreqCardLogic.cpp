@@ -7,7 +7,10 @@ const char* const xEMFreqCardLogic::kIncomplete = "Undefined frequencies.";
 const char* const xEMFreqCardLogic::kScaleDialogTitle = "Amplitude scaling";
 const char* const xEMFreqCardLogic::kFrequencyPrompt = "Frequencies.\nSpecify range of frequencies used [Hz].";
 
-xEMFreqCardLogic::xEMFreqCardLogic(xEMDesc& document, xCommandTarget* up) : xEMTableCardLogic(document, up) {}
+xEMFreqCardLogic::xEMFreqCardLogic(xEMDesc& document, xCommandTarget* up)
+    : xEMTableCardLogic(document, up, {kScaleDialogTitle, 250, "real amplitude", "nominal amplitude "})
+{
+}
 
 xEMFreqCardLogic::Values xEMFreqCardLogic::ValuesOf(const xEMSDesc& record)
 {
@@ -60,23 +63,12 @@ void xEMFreqCardLogic::RowsChanged(long /*grid*/, int rows)
     SendChannels(rows);
 }
 
-FloatArray xEMFreqCardLogic::AmplitudeScale() const
+bool xEMFreqCardLogic::ScalePair(float*& first, float*& second) const
 {
-    FloatArray values(1, 2);
-    if (const xEMSDesc* record = Record()) {
-        values[1] = record->realAmplitude;
-        values[2] = record->nominalAmplitude;
-    }
-    return values;
-}
-
-std::vector<std::string> xEMFreqCardLogic::AmplitudeScaleLabels() const
-{
-    return {"real amplitude", "nominal amplitude "};
-}
-
-void xEMFreqCardLogic::TakeAmplitudeScale(const FloatArray& values)
-{
-    if (xEMSDesc* record = Record())
-        TakePair(record->realAmplitude, record->nominalAmplitude, values);
+    xEMSDesc* record = Record();
+    if (!record)
+        return false;
+    first = &record->realAmplitude;
+    second = &record->nominalAmplitude;
+    return true;
 }

@@ -16,7 +16,6 @@ public:
     // The grid takes what the clipboard can bring.
     static constexpr int kFrequencyRows = 4500;
     static constexpr int kVisibleRows = 12;
-    static constexpr int kScaleDialogWidth = 250;
     static const char* const kIncomplete;
     static const char* const kScaleDialogTitle;
     static const char* const kFrequencyPrompt;
@@ -40,12 +39,9 @@ public:
     // The one grid's count always goes to the window.
     void RowsChanged(long grid, int rows) override;
 
+protected:
     // The real amplitude first, though the record holds the nominal first.
-    FloatArray AmplitudeScale() const override;
-    std::vector<std::string> AmplitudeScaleLabels() const override;
-    const char* ScaleTitle() const override { return kScaleDialogTitle; }
-    int ScaleWidth() const override { return kScaleDialogWidth; }
-    void TakeAmplitudeScale(const FloatArray& values) override;
+    bool ScalePair(float*& first, float*& second) const override;
 
 private:
     bool Complete(std::string& message) const;

@@ -7,8 +7,8 @@
 
 const char* const xEMTableCardLogic::kWeightsTitle = "Edit Response Weights";
 
-xEMTableCardLogic::xEMTableCardLogic(xEMDesc& document, xCommandTarget* up)
-    : xCardLogic(document, up), descriptor(document.system)
+xEMTableCardLogic::xEMTableCardLogic(xEMDesc& document, xCommandTarget* up, const ScaleDialog& scale)
+    : xCardLogic(document, up), descriptor(document.system), scale(scale)
 {
 }
 
@@ -150,13 +150,27 @@ bool xEMTableCardLogic::TakeTable(FloatMatrix& field, const FloatMatrix& table)
     return true;
 }
 
-void xEMTableCardLogic::TakePair(float& first, float& second, const FloatArray& values)
+FloatArray xEMTableCardLogic::AmplitudeScale() const
 {
-    if (!values.InRange(1) || !values.InRange(2))
+    FloatArray values(1, 2);
+    float* first = nullptr;
+    float* second = nullptr;
+    if (ScalePair(first, second)) {
+        values[1] = *first;
+        values[2] = *second;
+    }
+    return values;
+}
+
+void xEMTableCardLogic::TakeAmplitudeScale(const FloatArray& values)
+{
+    float* first = nullptr;
+    float* second = nullptr;
+    if (!ScalePair(first, second) || !values.InRange(1) || !values.InRange(2))
         return;
-    if (values[1] == first && values[2] == second)
+    if (values[1] == *first && values[2] == *second)
         return;
-    first = values[1];
-    second = values[2];
+    *first = values[1];
+    *second = values[2];
     MarkChanged();
 }

@@ -39,6 +39,15 @@ public:
         bool sendsCount;    // a new row count goes to the window (9401)
     };
 
+    // The dialog of the amplitude scale pair: its title, width and the labels
+    // of the two numbers.
+    struct ScaleDialog {
+        const char* title;
+        int width;
+        const char* first;
+        const char* second;
+    };
+
     enum Control { kSelector = 20012, kScaleButton = 5015, kWeightsButton = 5016, kCommonBox = 5018 };
     enum Command {
         kEditScale = 9352,
@@ -49,7 +58,7 @@ public:
     };
     static const char* const kWeightsTitle;
 
-    xEMTableCardLogic(xEMDesc& document, xCommandTarget* up);
+    xEMTableCardLogic(xEMDesc& document, xCommandTarget* up, const ScaleDialog& scale);
 
     // The record edited now; null in a descriptor without records.
     xEMSDesc* Record() const { return descriptor; }
@@ -75,11 +84,11 @@ public:
     // 9352: the amplitude scale pair in the dialog's order at 1 and 2, its
     // labels, title and width, and the edited pair back: both stored when
     // either differs.
-    virtual FloatArray AmplitudeScale() const = 0;
-    virtual std::vector<std::string> AmplitudeScaleLabels() const = 0;
-    virtual const char* ScaleTitle() const = 0;
-    virtual int ScaleWidth() const = 0;
-    virtual void TakeAmplitudeScale(const FloatArray& values) = 0;
+    FloatArray AmplitudeScale() const;
+    std::vector<std::string> AmplitudeScaleLabels() const { return {scale.first, scale.second}; }
+    const char* ScaleTitle() const { return scale.title; }
+    int ScaleWidth() const { return scale.width; }
+    void TakeAmplitudeScale(const FloatArray& values);
 
     // 9353: one row per weight from row 0, in column 1; back from the
     // dialog, each row that differs is stored and marks the document.
@@ -94,8 +103,9 @@ protected:
     static FloatMatrix InRecordBounds(const FloatMatrix& table, const FloatMatrix& record);
     // Assigns the table when it differs (bounds or any element); true then.
     static bool TakeTable(FloatMatrix& field, const FloatMatrix& table);
-    // Both numbers of a pair from the dialog's 1 and 2 when either differs.
-    void TakePair(float& first, float& second, const FloatArray& values);
+    // The record's two numbers of the scale dialog, in its order; false
+    // without a record.
+    virtual bool ScalePair(float*& first, float*& second) const = 0;
 
     xClipboardExchange clipboard;
 
@@ -105,6 +115,7 @@ private:
     bool Paste(const TableMenu& menu, Grid& grid);
 
     xEMSDesc* descriptor;
+    ScaleDialog scale;
     std::map<long, Grid*> grids;
     // The count sent with 9401; it outlives the command.
     int sentCount = 0;

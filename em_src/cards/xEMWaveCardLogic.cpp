@@ -28,7 +28,9 @@ const char* const xEMWaveCardLogic::kAmplitudeScalingPrompt =
     "factor to one of the predefined\nunits selectable via list button.";
 
 xEMWaveCardLogic::xEMWaveCardLogic(xEMDesc& document, const std::string& title, xCommandTarget* up)
-    : xEMTableCardLogic(document, up), transmitter(title == xEMEditDesc::kTxWaveCard)
+    : xEMTableCardLogic(document, up,
+                        {kScaleDialogTitle, 340, "equivalent secondary amplitude", "nominal (primary) amplitude "}),
+      transmitter(title == xEMEditDesc::kTxWaveCard)
 {
 }
 
@@ -100,23 +102,12 @@ void xEMWaveCardLogic::RowsChanged(long grid, int rows)
         SendChannels(rows);
 }
 
-FloatArray xEMWaveCardLogic::AmplitudeScale() const
+bool xEMWaveCardLogic::ScalePair(float*& first, float*& second) const
 {
-    FloatArray values(1, 2);
-    if (const xEMWaveform* block = Block()) {
-        values[1] = block->equivalentAmplitude;
-        values[2] = block->nominalAmplitude;
-    }
-    return values;
-}
-
-std::vector<std::string> xEMWaveCardLogic::AmplitudeScaleLabels() const
-{
-    return {"equivalent secondary amplitude", "nominal (primary) amplitude "};
-}
-
-void xEMWaveCardLogic::TakeAmplitudeScale(const FloatArray& values)
-{
-    if (xEMWaveform* block = Block())
-        TakePair(block->equivalentAmplitude, block->nominalAmplitude, values);
+    xEMWaveform* block = Block();
+    if (!block)
+        return false;
+    first = &block->equivalentAmplitude;
+    second = &block->nominalAmplitude;
+    return true;
 }

@@ -35,7 +35,6 @@ public:
     static constexpr int kWaveformRows = 1500;
     static constexpr int kWindowRows = 2250;
     static constexpr int kVisibleRows = 13;
-    static constexpr int kScaleDialogWidth = 340;
     static const char* const kIncomplete;
     static const char* const kScaleDialogTitle;
     static const char* const kWaveformPrompt;
@@ -73,11 +72,9 @@ public:
     // The windows grid's count goes to the window; the waveform's does not.
     void RowsChanged(long grid, int rows) override;
 
-    FloatArray AmplitudeScale() const override;
-    std::vector<std::string> AmplitudeScaleLabels() const override;
-    const char* ScaleTitle() const override { return kScaleDialogTitle; }
-    int ScaleWidth() const override { return kScaleDialogWidth; }
-    void TakeAmplitudeScale(const FloatArray& values) override;
+protected:
+    // The block's equivalent amplitude, then its nominal one.
+    bool ScalePair(float*& first, float*& second) const override;
 
 private:
     bool Complete(std::string& message) const;
