@@ -8,7 +8,9 @@ const char* const xEMFreqCardLogic::kScaleDialogTitle = "Amplitude scaling";
 const char* const xEMFreqCardLogic::kFrequencyPrompt = "Frequencies.\nSpecify range of frequencies used [Hz].";
 
 xEMFreqCardLogic::xEMFreqCardLogic(xEMDesc& document, xCommandTarget* up)
-    : xEMTableCardLogic(document, up, {kScaleDialogTitle, 250, "real amplitude", "nominal amplitude "})
+    : xEMTableCardLogic(
+          document, up, {kScaleDialogTitle, 250, "real amplitude", "nominal amplitude "},
+          {{kFrequencyMenu, "Frequency", kFrequencyCut, kFrequencyCopy, kFrequencyPaste, kFrequencyGrid, 1, true}})
 {
 }
 
@@ -42,20 +44,6 @@ bool xEMFreqCardLogic::Complete(std::string& message) const
         return true;
     message = kIncomplete;
     return false;
-}
-
-bool xEMFreqCardLogic::CheckRecord(std::string& message)
-{
-    // What Apply of the record's own table answers, without touching it.
-    return Complete(message);
-}
-
-const std::vector<xEMTableCardLogic::TableMenu>& xEMFreqCardLogic::Menus() const
-{
-    static const std::vector<TableMenu> menus = {
-        {kFrequencyMenu, "Frequency", kFrequencyCut, kFrequencyCopy, kFrequencyPaste, kFrequencyGrid, 1, true},
-    };
-    return menus;
 }
 
 void xEMFreqCardLogic::RowsChanged(long /*grid*/, int rows)

@@ -33,18 +33,14 @@ public:
     // either marks the document and goes to the window as 9407. Complete with
     // at least 2 frequencies.
     bool Apply(const Values& values, std::string& message);
-    bool CheckRecord(std::string& message) override;
 
-    const std::vector<TableMenu>& Menus() const override;
     // The one grid's count always goes to the window.
     void RowsChanged(long grid, int rows) override;
 
 protected:
     // The real amplitude first, though the record holds the nominal first.
     bool ScalePair(float*& first, float*& second) const override;
-
-private:
-    bool Complete(std::string& message) const;
+    bool Complete(std::string& message) const override;
 };
 
 #endif

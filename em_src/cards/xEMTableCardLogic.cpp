@@ -4,11 +4,13 @@
 #include "model/xEMSDesc.h"
 
 #include <algorithm>
+#include <utility>
 
 const char* const xEMTableCardLogic::kWeightsTitle = "Edit Response Weights";
 
-xEMTableCardLogic::xEMTableCardLogic(xEMDesc& document, xCommandTarget* up, const ScaleDialog& scale)
-    : xCardLogic(document, up), descriptor(document.system), scale(scale)
+xEMTableCardLogic::xEMTableCardLogic(xEMDesc& document, xCommandTarget* up, const ScaleDialog& scale,
+                                     std::vector<TableMenu> menus)
+    : xCardLogic(document, up), descriptor(document.system), scale(scale), menus(std::move(menus))
 {
 }
 

@@ -58,7 +58,8 @@ public:
     };
     static const char* const kWeightsTitle;
 
-    xEMTableCardLogic(xEMDesc& document, xCommandTarget* up, const ScaleDialog& scale);
+    xEMTableCardLogic(xEMDesc& document, xCommandTarget* up, const ScaleDialog& scale,
+                      std::vector<TableMenu> menus);
 
     // The record edited now; null in a descriptor without records.
     xEMSDesc* Record() const { return descriptor; }
@@ -68,7 +69,10 @@ public:
     void SetGrid(long id, Grid* grid) { grids[id] = grid; }
     Grid* GridOf(long id) const;
     // The sub-menus of the card under Edit, in their order.
-    virtual const std::vector<TableMenu>& Menus() const = 0;
+    const std::vector<TableMenu>& Menus() const { return menus; }
+
+    // What Apply of the record's own tables answers, without touching them.
+    bool CheckRecord(std::string& message) override { return Complete(message); }
 
     // Cut, Copy and Paste of a sub-menu; false for a command that isn't one
     // (or a table without its control).
@@ -96,6 +100,8 @@ public:
     void TakeWeights(const FloatMatrix& edited);
 
 protected:
+    // Whether the record makes the card complete; false with the reason.
+    virtual bool Complete(std::string& message) const = 0;
     // The new number of channels up to the window (9401).
     void SendChannels(int count);
     // A table of a grid counted as the record counts its table: from the
@@ -116,6 +122,7 @@ private:
 
     xEMSDesc* descriptor;
     ScaleDialog scale;
+    std::vector<TableMenu> menus;
     std::map<long, Grid*> grids;
     // The count sent with 9401; it outlives the command.
     int sentCount = 0;

@@ -28,8 +28,10 @@ const char* const xEMWaveCardLogic::kAmplitudeScalingPrompt =
     "factor to one of the predefined\nunits selectable via list button.";
 
 xEMWaveCardLogic::xEMWaveCardLogic(xEMDesc& document, const std::string& title, xCommandTarget* up)
-    : xEMTableCardLogic(document, up,
-                        {kScaleDialogTitle, 340, "equivalent secondary amplitude", "nominal (primary) amplitude "}),
+    : xEMTableCardLogic(
+          document, up, {kScaleDialogTitle, 340, "equivalent secondary amplitude", "nominal (primary) amplitude "},
+          {{kWaveformMenu, "Waveform", kWaveformCut, kWaveformCopy, kWaveformPaste, kWaveformGrid, 3, false},
+           {kWindowsMenu, "Windows", kWindowsCut, kWindowsCopy, kWindowsPaste, kWindowsGrid, 2, true}}),
       transmitter(title == xEMEditDesc::kTxWaveCard)
 {
 }
@@ -79,21 +81,6 @@ bool xEMWaveCardLogic::Complete(std::string& message) const
         return true;
     message = kIncomplete;
     return false;
-}
-
-bool xEMWaveCardLogic::CheckRecord(std::string& message)
-{
-    // What Apply of the record's own tables answers, without touching them.
-    return Complete(message);
-}
-
-const std::vector<xEMTableCardLogic::TableMenu>& xEMWaveCardLogic::Menus() const
-{
-    static const std::vector<TableMenu> menus = {
-        {kWaveformMenu, "Waveform", kWaveformCut, kWaveformCopy, kWaveformPaste, kWaveformGrid, 3, false},
-        {kWindowsMenu, "Windows", kWindowsCut, kWindowsCopy, kWindowsPaste, kWindowsGrid, 2, true},
-    };
-    return menus;
 }
 
 void xEMWaveCardLogic::RowsChanged(long grid, int rows)

@@ -66,19 +66,16 @@ public:
     // to the window as 9407. Complete with a defined waveform of 3 rows or
     // more and at least 2 windows.
     bool Apply(const Values& values, std::string& message);
-    bool CheckRecord(std::string& message) override;
 
-    const std::vector<TableMenu>& Menus() const override;
     // The windows grid's count goes to the window; the waveform's does not.
     void RowsChanged(long grid, int rows) override;
 
 protected:
     // The block's equivalent amplitude, then its nominal one.
     bool ScalePair(float*& first, float*& second) const override;
+    bool Complete(std::string& message) const override;
 
 private:
-    bool Complete(std::string& message) const;
-
     bool transmitter;
 };
 
