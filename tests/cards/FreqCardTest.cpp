@@ -2,6 +2,7 @@
 
 #include "cards/xEMSysCard.h"
 #include "cards/xTROrientationSelector.h"
+#include "frame/xCardCatalog.h"
 #include "frame/xListButton.h"
 #include "model/xEMSDesc.h"
 #include "tests/cards/WaveCardScreen.h"
@@ -20,8 +21,22 @@ using Kit = xEditorTestKit;
 using Logic = xEMFreqCardLogic;
 using Texts = std::vector<std::string>;
 
+// Stands in for the Data Format card, whose own rule (a position for every
+// channel) refuses a Save once the count of frequencies changed: these tests
+// are about the frequency card. The suite runs on its own, so that no other
+// test meets the stand-in.
+class FormatStandIn : public xCard {
+public:
+    explicit FormatStandIn(xDWin& window) : xCard(&window, window.CardFrame()) {}
+    bool FirstShown() override { return true; }
+    static xCard* Make(xEMWinDesc&, xDWin& window) { return new FormatStandIn(window); }
+};
+
 class FreqCard : public WaveCardScreen {
 protected:
+    FreqCard() { xCardCatalog::Register(xEMEditDesc::kFormatCard, &FormatStandIn::Make); }
+    ~FreqCard() override { xCardCatalog::Register(xEMEditDesc::kFormatCard, nullptr); }
+
     xEMFreqCard* Card() { return Select<xEMFreqCard>("Frequencies"); }
     xGridEdView& Grid() { return *Card()->Grid(Logic::kFrequencyGrid); }
 };
