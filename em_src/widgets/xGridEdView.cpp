@@ -3,14 +3,20 @@
 #include "gui/xPlatform.h"
 #include "widgets/xEditField.h"
 #include "widgets/xFltGrd.h"
+#include "widgets/xNumberText.h"
 
+#include <QEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QScrollBar>
 
 namespace {
+// The least sizes of the strip above the grid; they grow with the font.
 const int kStripHeight = 25;
+const int kLabelWidth = 60;
 const int kFieldWidth = 110;
+// The format of the edit field, whose widest text sets its width.
+const char* const kEditFormat = "%10.7e";
 } // namespace
 
 xGridEdView::xGridEdView(QWidget* card, const QRect& frame, int visibleRows, int visibleColumns,
@@ -19,21 +25,60 @@ xGridEdView::xGridEdView(QWidget* card, const QRect& frame, int visibleRows, int
 {
     setGeometry(frame);
     positionLabel = new QLabel(this);
-    positionLabel->setGeometry(2, 2, 60, kStripHeight - 4);
     editField = new xEditField(this, kFocusIn, kFocusOut, 0);
-    editField->setGeometry(64, 1, std::min(kFieldWidth, std::max(frame.width() - 66, 40)), kStripHeight - 2);
     editField->installEventFilter(this);
     grid = new xFltGrd(this, QRect(0, kStripHeight, frame.width(), std::max(frame.height() - kStripHeight, 20)),
                        visibleRows, visibleColumns, capacityRows, capacityColumns);
     grid->AddScrollBars();
     grid->installEventFilter(this);
     grid->SetActive(false);
+    Layout();
     if (table)
         grid->SetTable(table, false);
 }
 
+void xGridEdView::Layout()
+{
+    if (laying)
+        return;
+    laying = true;
+    // The label holds the largest position, the field the widest number.
+    const QString widestPosition =
+        QStringLiteral("%1,%2").arg(grid->Values().CapacityRows()).arg(grid->Values().CapacityColumns());
+    const int labelWidth =
+        std::max(kLabelWidth, positionLabel->fontMetrics().horizontalAdvance(widestPosition) + 4);
+    const int fieldWidth =
+        std::max(kFieldWidth, editField->WidthFor(QString::fromStdString(xNumberText::WidestText(kEditFormat))));
+    const int fieldHeight = editField->HeightFor(kStripHeight - 2);
+    const int strip = fieldHeight + 2;
+    positionLabel->setGeometry(2, 1, labelWidth, fieldHeight);
+    editField->setGeometry(labelWidth + 4, 1, fieldWidth, fieldHeight);
+    grid->setGeometry(0, strip, width(), std::max(height() - strip, 20));
+    // The grid may have grown to show its numbers; the view holds it.
+    const QSize least(std::max(editField->geometry().right() + 1, grid->width()), strip + grid->height());
+    setMinimumSize(least);
+    if (width() < least.width() || height() < least.height())
+        resize(std::max(width(), least.width()), std::max(height(), least.height()));
+    laying = false;
+}
+
+void xGridEdView::resizeEvent(QResizeEvent*)
+{
+    Layout();
+}
+
+void xGridEdView::changeEvent(QEvent* event)
+{
+    xCommandView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        Layout();
+}
+
 void xGridEdView::SetTable(const FloatMatrix* table, bool redraw)
 {
+    // What the field held belongs to the old table: an edit that starts again
+    // on an empty cell of the new one must not store it there.
+    editField->clear();
     grid->SetTable(table, redraw);
 }
 
@@ -67,6 +112,7 @@ void xGridEdView::SetFont(const QFont& font)
     grid->SetCellFont(font);
     editField->setFont(font);
     positionLabel->setFont(font);
+    Layout();
 }
 
 void xGridEdView::Activate(bool on)
@@ -82,7 +128,10 @@ void xGridEdView::StartEdit(int row, int column)
 {
     QPoint origin = grid->ScrollOrigin();
     float value = grid->Values().Value(origin.y() + row, origin.x() + column);
-    editField->setText(QString::fromStdString(xGridValues::EditText(value)));
+    // An empty cell leaves the field as it was, so that Return takes a
+    // number on down a column.
+    if (value != NoValue)
+        editField->setText(QString::fromStdString(xGridValues::EditText(value)));
     editField->selectAll();
     positionLabel->setText(QStringLiteral("%1,%2").arg(origin.y() + row + 1).arg(origin.x() + column + 1));
 }
@@ -151,6 +200,7 @@ bool xGridEdView::eventFilter(QObject* watched, QEvent* event)
         return xCommandView::eventFilter(watched, event);
     auto* key = static_cast<QKeyEvent*>(event);
     bool control = key->modifiers() & Qt::ControlModifier;
+    bool shift = key->modifiers() & Qt::ShiftModifier;
     if (control && key->key() == Qt::Key_X) {
         PostNote("Row deletion not implemented yet.");
         return true;
@@ -174,6 +224,22 @@ bool xGridEdView::eventFilter(QObject* watched, QEvent* event)
         return true;
     case Qt::Key_Up:
         grid->Key(xGridCursor::kUp);
+        return true;
+    case Qt::Key_PageUp:
+        grid->Key(xGridCursor::kPageUp);
+        return true;
+    case Qt::Key_PageDown:
+        grid->Key(xGridCursor::kPageDown);
+        return true;
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        // With Shift they select in the field's text, as a text field does.
+        if (shift)
+            return false;
+        if (key->key() == Qt::Key_Home)
+            grid->Key(control ? xGridCursor::kFirstCell : xGridCursor::kHome);
+        else
+            grid->Key(control ? xGridCursor::kLastCell : xGridCursor::kEnd);
         return true;
     default:
         return false;
