@@ -6,7 +6,6 @@
 #include "widgets/xGridValues.h"
 #include "widgets/xNumberText.h"
 
-#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -98,13 +97,6 @@ void xEdGrid::Layout()
     resize(std::max(givenSize.width(), left + columns * cellWidth),
            std::max(givenSize.height(), top + rows * cellHeight));
     laying = false;
-}
-
-void xEdGrid::changeEvent(QEvent* event)
-{
-    xCommandView::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        Layout();
 }
 
 QLineEdit* xEdGrid::CellField(int row, int column) const

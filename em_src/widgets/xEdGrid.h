@@ -53,7 +53,7 @@ public:
     int labelStyle;
 
 protected:
-    void changeEvent(QEvent* event) override;
+    void Layout() override;
 
 private:
     static std::string TableText(float value);
@@ -61,7 +61,6 @@ private:
     bool ReadCell(int row, int column, float& value) const;
     // Keeps the widest text a format gives, for the width of the cells.
     void NoteFormat(const std::string& format);
-    void Layout();
     void DrawRowLabels(const std::vector<std::string>& labels);
     void DrawColLabels(const std::vector<std::string>& labels);
 

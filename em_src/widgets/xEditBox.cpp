@@ -4,7 +4,6 @@
 #include "widgets/xEditField.h"
 #include "widgets/xNumberText.h"
 
-#include <QEvent>
 #include <QLabel>
 
 #include <limits>
@@ -93,13 +92,6 @@ void xEditBox::StretchTo(int width)
         return;
     givenSize.setWidth(width);
     Layout();
-}
-
-void xEditBox::changeEvent(QEvent* event)
-{
-    xCommandView::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        Layout();
 }
 
 void xEditBox::SetLabelFont(const QFont& font)

@@ -75,8 +75,7 @@ protected:
     virtual int RightRoom() const { return 0; }
     // Places label and field, growing the box until both show whole; derived
     // boxes place what they add at the right.
-    virtual void Layout();
-    void changeEvent(QEvent* event) override;
+    void Layout() override;
 
 private:
     void Build(const QRect& frame, int fieldWidth, const std::string& labelText);

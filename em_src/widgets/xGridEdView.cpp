@@ -67,13 +67,6 @@ void xGridEdView::resizeEvent(QResizeEvent*)
     Layout();
 }
 
-void xGridEdView::changeEvent(QEvent* event)
-{
-    xCommandView::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        Layout();
-}
-
 void xGridEdView::SetTable(const FloatMatrix* table, bool redraw)
 {
     // What the field held belongs to the old table: an edit that starts again
@@ -209,39 +202,31 @@ bool xGridEdView::eventFilter(QObject* watched, QEvent* event)
         PostNote("Row insertion not implemented yet.");
         return true;
     }
+    xGridCursor::Key move;
     switch (key->key()) {
     case Qt::Key_Right:
-    case Qt::Key_Tab:
-        grid->Key(xGridCursor::kRight);
-        return true;
-    case Qt::Key_Left:
-        grid->Key(xGridCursor::kLeft);
-        return true;
+    case Qt::Key_Tab: move = xGridCursor::kRight; break;
+    case Qt::Key_Left: move = xGridCursor::kLeft; break;
     case Qt::Key_Down:
     case Qt::Key_Return:
-    case Qt::Key_Enter:
-        grid->Key(xGridCursor::kDown);
-        return true;
-    case Qt::Key_Up:
-        grid->Key(xGridCursor::kUp);
-        return true;
-    case Qt::Key_PageUp:
-        grid->Key(xGridCursor::kPageUp);
-        return true;
-    case Qt::Key_PageDown:
-        grid->Key(xGridCursor::kPageDown);
-        return true;
+    case Qt::Key_Enter: move = xGridCursor::kDown; break;
+    case Qt::Key_Up: move = xGridCursor::kUp; break;
+    case Qt::Key_PageUp: move = xGridCursor::kPageUp; break;
+    case Qt::Key_PageDown: move = xGridCursor::kPageDown; break;
+    // With Shift, Home and End select in the field's text, as in any text field.
     case Qt::Key_Home:
-    case Qt::Key_End:
-        // With Shift they select in the field's text, as a text field does.
         if (shift)
             return false;
-        if (key->key() == Qt::Key_Home)
-            grid->Key(control ? xGridCursor::kFirstCell : xGridCursor::kHome);
-        else
-            grid->Key(control ? xGridCursor::kLastCell : xGridCursor::kEnd);
-        return true;
+        move = control ? xGridCursor::kFirstCell : xGridCursor::kHome;
+        break;
+    case Qt::Key_End:
+        if (shift)
+            return false;
+        move = control ? xGridCursor::kLastCell : xGridCursor::kEnd;
+        break;
     default:
         return false;
     }
+    grid->Key(move);
+    return true;
 }

@@ -41,11 +41,10 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
+    // The strip sized to the font, the grid below it; the view grows to hold both.
+    void Layout() override;
 
 private:
-    // The strip sized to the font, the grid below it; the view grows to hold both.
-    void Layout();
     void StartEdit(int row, int column);
     void StoreEdit(int row, int column);
     void Activate(bool on);

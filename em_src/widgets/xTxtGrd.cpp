@@ -6,7 +6,6 @@
 #include "widgets/xNumberText.h"
 
 #include <QApplication>
-#include <QEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QScrollBar>
@@ -123,13 +122,6 @@ void xTxtGrd::paintEvent(QPaintEvent*)
 void xTxtGrd::resizeEvent(QResizeEvent*)
 {
     Layout();
-}
-
-void xTxtGrd::changeEvent(QEvent* event)
-{
-    xCommandView::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        Layout();
 }
 
 void xTxtGrd::wheelEvent(QWheelEvent* event)

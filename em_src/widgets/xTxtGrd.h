@@ -54,7 +54,6 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
     // The table's size and numbers as the grid shows them.
@@ -72,11 +71,13 @@ protected:
     // The cells have moved or changed size.
     virtual void CellsMoved() {}
 
+    // Sizes the cells to the frame, and the frame to the cells' numbers.
+    void Layout() override;
+
     FloatMatrix* table;
     QPoint scrollOrigin;
 
 private:
-    void Layout();
     // The least size that shows every cell's widest number and the labels whole.
     QSize LeastSize() const;
     // Shows each bar while its axis has more than the visible cells.

@@ -134,7 +134,7 @@ TEST_P(Clipping, EditBoxesShowTheWidestNumbersOfTheirFormats)
 {
     xCommandRecorder card;
     xEditBox wide(&card, QRect(10, 10, 300, 23), 90, -1250.0f, "Scale factor", "%10.7e");
-    xEditBox plain(&card, QRect(10, 40, 300, 23), 90, -8.8888888e+38f, "Plain");
+    xEditBox plain(&card, QRect(10, 40, 300, 23), 90, -3.3888888e+38f, "Plain");
     xEditBox count(&card, QRect(10, 70, 300, 23), 90, -2147483647L - 1, "No. of channels");
     xFlagEditBox flag(&card, QRect(10, 100, 200, 23), 90, -7.3606674e+01f, "Checked", true, "%10.7e");
     for (const xEditBox* box : std::initializer_list<const xEditBox*>{&wide, &plain, &count, &flag}) {
@@ -153,7 +153,7 @@ TEST_P(Clipping, EditBoxesShowTheWidestNumbersOfTheirFormats)
 
 TEST_P(Clipping, ModalEditorsShowTheirNumbersLabelsAndButtons)
 {
-    float point[3] = {425.5f, -1250.0f, -8.8888888e+38f};
+    float point[3] = {425.5f, -1250.0f, -3.3888888e+38f};
     xPointEdWin pointWin(nullptr, "Receiver position");
     pointWin.SetUpUserItem(point);
     for (int i = 1; i <= 3; ++i) {
