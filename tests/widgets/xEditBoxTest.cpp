@@ -214,28 +214,38 @@ TEST_F(EditBoxes, ANumberNoFloatHoldsIsNotStored)
 }
 
 namespace {
-// The lowest row of a region that holds a dark pixel: the baseline of text
-// without descenders.
-int LowestInk(const QImage& shot, const QRect& region)
-{
-    for (int y = region.bottom(); y >= region.top(); --y)
-        for (int x = region.left(); x <= region.right(); ++x)
-            if (shot.pixelColor(x, y).lightness() < 110)
-                return y;
-    return -1;
-}
-
-// The darkest and the lightest lightness inside a field, off its frame.
-std::pair<int, int> InkAndPaper(const QImage& shot, const QRect& field)
-{
-    int ink = 255, paper = 0;
-    for (int y = field.top() + 4; y <= field.bottom() - 4; ++y)
-        for (int x = field.left() + 4; x <= field.right() - 4; ++x) {
-            ink = std::min(ink, shot.pixelColor(x, y).lightness());
-            paper = std::max(paper, shot.pixelColor(x, y).lightness());
-        }
-    return {ink, paper};
-}
+// A widget's picture, and a rectangle of the widget in its pixels.
+struct Shot {
+    explicit Shot(QWidget& widget) : image(widget.grab().toImage()) {}
+    QRect Pixels(const QRect& r) const
+    {
+        const qreal s = image.devicePixelRatio();
+        return QRect(qRound(r.x() * s), qRound(r.y() * s), qRound(r.width() * s), qRound(r.height() * s));
+    }
+    // The lowest row holding ink: the baseline of text without descenders.
+    int LowestInk(const QRect& region) const
+    {
+        const QRect r = Pixels(region);
+        for (int y = r.bottom(); y >= r.top(); --y)
+            for (int x = r.left(); x <= r.right(); ++x)
+                if (image.pixelColor(x, y).lightness() < 110)
+                    return y;
+        return -1;
+    }
+    // The darkest and the lightest lightness inside a field, off its frame.
+    std::pair<int, int> InkAndPaper(const QRect& field) const
+    {
+        const QRect r = Pixels(field.adjusted(4, 4, -4, -4));
+        int ink = 255, paper = 0;
+        for (int y = r.top(); y <= r.bottom(); ++y)
+            for (int x = r.left(); x <= r.right(); ++x) {
+                ink = std::min(ink, image.pixelColor(x, y).lightness());
+                paper = std::max(paper, image.pixelColor(x, y).lightness());
+            }
+        return {ink, paper};
+    }
+    QImage image;
+};
 } // namespace
 
 TEST_F(EditBoxes, LabelAndFieldTextStandOnOneBaseline)
@@ -246,15 +256,9 @@ TEST_F(EditBoxes, LabelAndFieldTextStandOnOneBaseline)
         xEditBox box(&card, frame, 90, 25L, "Number");
         box.setFont(font);
         box.show();
-        QApplication::processEvents();
-        const QImage shot = box.grab().toImage();
-        const qreal scale = shot.devicePixelRatio();
-        auto device = [scale](const QRect& r) {
-            return QRect(qRound(r.x() * scale), qRound(r.y() * scale), qRound(r.width() * scale),
-                         qRound(r.height() * scale));
-        };
-        const QRect field = device(box.Field()->geometry().adjusted(3, 3, -3, -3));
-        EXPECT_EQ(LowestInk(shot, device(box.Label()->geometry())), LowestInk(shot, field)) << points << " pt";
+        const Shot shot(box);
+        EXPECT_EQ(shot.LowestInk(box.Label()->geometry()), shot.LowestInk(box.Field()->geometry().adjusted(3, 3, -3, -3)))
+            << points << " pt";
     }
 }
 
@@ -266,22 +270,11 @@ TEST_F(EditBoxes, DisabledBoxesLookAlikeAndTheirValueReads)
     forGood.MakePermanentlyDisabled(true);
     plain.show();
     forGood.show();
-    QApplication::processEvents();
-    const QImage a = plain.grab().toImage();
-    const QImage b = forGood.grab().toImage();
-    const qreal scale = a.devicePixelRatio();
-    auto field = [scale](const xEditBox& box) {
-        const QRect r = box.Field()->geometry();
-        return QRect(qRound(r.x() * scale), qRound(r.y() * scale), qRound(r.width() * scale),
-                     qRound(r.height() * scale));
-    };
-    const auto [inkA, paperA] = InkAndPaper(a, field(plain));
-    const auto [inkB, paperB] = InkAndPaper(b, field(forGood));
-    EXPECT_EQ(paperA, paperB);
-    EXPECT_EQ(inkA, inkB);
+    const auto [ink, paper] = Shot(plain).InkAndPaper(plain.Field()->geometry());
+    EXPECT_EQ(Shot(forGood).InkAndPaper(forGood.Field()->geometry()), std::make_pair(ink, paper));
     // Not white like an enabled field, and the digits stand out from it.
-    EXPECT_LT(paperA, 255);
-    EXPECT_GT(paperA - inkA, 100);
+    EXPECT_LT(paper, 255);
+    EXPECT_GT(paper - ink, 100);
 }
 
 namespace {

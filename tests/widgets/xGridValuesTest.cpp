@@ -174,19 +174,4 @@ TEST(GridCursor, MovesScrollsAndBeepsAtTheTableEdges)
                 {xGridCursor::kDown, false, "1,0 origin 0,0"},
                 {xGridCursor::kRight, true, "1,0 origin 0,0"}});
 
-    // The page and end keys jump as far as the table goes, scroll as little
-    // as shows the cell, and never beep.
-    xGridCursor pages(3, 2);
-    pages.SetTableSize(10, 4);
-    pages.SetCell(1, 1);
-    walk(pages, {{xGridCursor::kPageDown, true, "1,1 origin 3,0"},
-                 {xGridCursor::kPageDown, true, "1,1 origin 6,0"},
-                 {xGridCursor::kPageDown, true, "2,1 origin 7,0"},    // the last row
-                 {xGridCursor::kPageDown, true, "2,1 origin 7,0"},
-                 {xGridCursor::kEnd, true, "2,1 origin 7,2"},         // the last column
-                 {xGridCursor::kHome, true, "2,0 origin 7,0"},
-                 {xGridCursor::kPageUp, true, "2,0 origin 4,0"},
-                 {xGridCursor::kFirstCell, true, "0,0 origin 0,0"},
-                 {xGridCursor::kPageUp, true, "0,0 origin 0,0"},
-                 {xGridCursor::kLastCell, true, "2,1 origin 7,2"}});
 }
