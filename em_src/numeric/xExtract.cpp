@@ -1,8 +1,9 @@
 #include "numeric/xExtract.h"
 
+#include "numeric/xCNumber.h"
+
 #include <cerrno>
 #include <charconv>
-#include <clocale>
 #include <cstdlib>
 #include <limits>
 #include <locale.h>
@@ -141,20 +142,14 @@ bool ExtractInteger(std::istream& in, Narrow& value)
 
 // The C library's conversion in the classic locale, whatever the process's
 // locale is: for the rare text the fast conversion reports out of range.
-locale_t ClassicLocale()
-{
-    static locale_t classic = newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(0));
-    return classic;
-}
-
 double ClassicStrto(const std::string& text, double)
 {
-    return strtod_l(text.c_str(), nullptr, ClassicLocale());
+    return strtod_l(text.c_str(), nullptr, xCNumber::CLocale());
 }
 
 float ClassicStrto(const std::string& text, float)
 {
-    return strtof_l(text.c_str(), nullptr, ClassicLocale());
+    return strtof_l(text.c_str(), nullptr, xCNumber::CLocale());
 }
 
 // One floating-point number, converted straight to Real: a value beyond
