@@ -6,6 +6,7 @@
 #include "numeric/xExtract.h"
 
 #include <algorithm>
+#include <cstring>
 #include <fstream>
 #include <istream>
 #include <streambuf>
@@ -17,6 +18,38 @@ namespace {
 class HeadBuf : public std::streambuf {
 public:
     HeadBuf(std::streambuf& source, std::streamsize limit) : source(source), left(limit) {}
+
+    // One line of at most kLineShown characters, taken a piece of the buffer
+    // at a time; the rest of a longer one is read and dropped. Returns what
+    // xDoc::ReadLine does: 0 at the end, else the kind of line end.
+    int ReadShownLine(std::string& line)
+    {
+        line.clear();
+        for (;;) {
+            if (gptr() == egptr() && traits_type::eq_int_type(underflow(), traits_type::eof()))
+                return 0;
+            const char* from = gptr();
+            const size_t size = static_cast<size_t>(egptr() - from);
+            const char* newline = static_cast<const char*>(std::memchr(from, '\n', size));
+            const char* end = newline ? newline : egptr();
+            if (const void* cr = std::memchr(from, '\r', static_cast<size_t>(end - from)))
+                end = static_cast<const char*>(cr);
+            const size_t room = xEMFSample::kLineShown - std::min(line.size(), xEMFSample::kLineShown);
+            line.append(from, std::min(static_cast<size_t>(end - from), room));
+            setg(eback(), const_cast<char*>(end), egptr());
+            if (end == egptr())
+                continue;
+            const char c = *end;
+            gbump(1);
+            if (c == '\n')
+                return 2;
+            if (sgetc() == '\n') {
+                gbump(1);
+                return 1;
+            }
+            return 3;
+        }
+    }
 
 protected:
     int_type underflow() override
@@ -36,7 +69,7 @@ protected:
 private:
     std::streambuf& source;
     std::streamsize left;
-    char chunk[1 << 16];
+    char chunk[1 << 13];
 };
 
 // What a line shows: no control characters but the tab.
@@ -46,31 +79,6 @@ void MakeShowable(std::string& line)
         const unsigned char u = static_cast<unsigned char>(c);
         if ((u < 0x20 && c != '\t') || u == 0x7F)
             c = '.';
-    }
-}
-
-// One line of at most kLineShown characters; the rest of a longer one is
-// read and dropped. Returns what xDoc::ReadLine does: 0 at the end.
-int ReadShownLine(std::istream& in, std::string& line)
-{
-    typedef std::char_traits<char> Traits;
-    line.clear();
-    std::streambuf* buffer = in.rdbuf();
-    for (;;) {
-        const Traits::int_type c = buffer->sbumpc();
-        if (Traits::eq_int_type(c, Traits::eof()))
-            return 0;
-        if (c == '\n')
-            return 2;
-        if (c == '\r') {
-            if (buffer->sgetc() == '\n') {
-                buffer->sbumpc();
-                return 1;
-            }
-            return 3;
-        }
-        if (line.size() < xEMFSample::kLineShown)
-            line.push_back(Traits::to_char_type(c));
     }
 }
 
@@ -92,10 +100,9 @@ bool xEMFSample::ReadHead(const std::string& path, std::vector<std::string>& lin
     if (!Open(path, file))
         return false;
     HeadBuf head(file, kHeadBytes);
-    std::istream in(&head);
     std::string line;
     while (static_cast<int>(lines.size()) < kHeadLines) {
-        const int end = ReadShownLine(in, line);
+        const int end = head.ReadShownLine(line);
         // The end of the file after a line end begins no further line.
         if (end == 0 && line.empty())
             break;
