@@ -410,15 +410,14 @@ void xEMFCard::DoCommand(long command, void* data)
 {
     switch (command) {
     case Logic::kOpenSample:
-        if (logic.OpenSample()) {
-            BuildControls();
-            if (logic.Format().itemCount != 0)
-                DoCommand(Logic::kParse, sampleButton);
-        }
-        return;
     case Logic::kReplaceSample:
+        // The first sample brings the controls; a record that knows its
+        // items has the sample parsed at once.
         if (logic.OpenSample()) {
-            ShowSample();
+            if (command == Logic::kOpenSample)
+                BuildControls();
+            else
+                ShowSample();
             if (logic.Format().itemCount != 0)
                 DoCommand(Logic::kParse, sampleButton);
         }
