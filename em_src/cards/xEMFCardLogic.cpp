@@ -42,11 +42,8 @@ namespace {
 
 const char* const kAnyType = "*";
 
-int Code(int k)
-{
-    return kFirstOrientationCode + 1 + k;
-}
-constexpr int kCodes = kLastOrientationCode - kFirstOrientationCode;
+// The orientations that channels belong to; the undefined one has none.
+constexpr int kFirstCode = kFirstOrientationCode + 1;
 
 float& Cell(FloatMatrix& matrix, int code, int column)
 {
@@ -124,8 +121,7 @@ bool xEMFCardLogic::Apply(const Values& values, std::string& message)
         fault = "Undefined position of x coordinate.";
     else if (format.northPos == 0)
         fault = "Undefined position of y coordinate.";
-    for (int k = 0; k < kCodes && !fault; ++k) {
-        const int code = Code(k);
+    for (int code = kFirstCode; code <= kLastOrientationCode && !fault; ++code) {
         for (int i = 1; i <= Columns(code) && !fault; ++i) {
             if (!format.frequencyDomain) {
                 if (Holds(format.channelPos, code, i, 0))
@@ -277,8 +273,7 @@ int xEMFCardLogic::ChannelEntryOf(int p) const
         // Only the first channels are placed; a later orientation overrides
         // an earlier one, in phase overrides quadrature.
         std::string label;
-        for (int k = 0; k < kCodes; ++k) {
-            const int code = Code(k);
+        for (int code = kFirstCode; code <= kLastOrientationCode; ++code) {
             if (frequency) {
                 if (Holds(format.quadraturePos, code, 1, p))
                     label = xEMFItemList::ChannelLabel({'Q', code, 1});
@@ -290,8 +285,7 @@ int xEMFCardLogic::ChannelEntryOf(int p) const
         }
         return label.empty() ? 0 : itemList.IndexOf(label);
     }
-    for (int k = 0; k < kCodes; ++k) {
-        const int code = Code(k);
+    for (int code = kFirstCode; code <= kLastOrientationCode; ++code) {
         for (int i = 1; i <= Columns(code); ++i) {
             if (frequency) {
                 if (Holds(format.quadraturePos, code, i, p))
@@ -344,8 +338,7 @@ void xEMFCardLogic::FreeChannels(int p)
 {
     xEMFDesc& format = Format();
     const bool frequency = format.frequencyDomain != 0;
-    for (int k = 0; k < kCodes; ++k) {
-        const int code = Code(k);
+    for (int code = kFirstCode; code <= kLastOrientationCode; ++code) {
         const int last = randomChannels ? Columns(code) : 1;
         for (int i = 1; i <= last; ++i) {
             if (!frequency) {
@@ -456,8 +449,7 @@ void xEMFCardLogic::FreePosition(int q)
     // the one before stopped.
     const bool frequency = format.frequencyDomain != 0;
     int i = 1;
-    for (int k = 0; k < kCodes; ++k) {
-        const int code = Code(k);
+    for (int code = kFirstCode; code <= kLastOrientationCode; ++code) {
         if (format.OrientationChannels(code) == 0)
             continue;
         for (; i <= Columns(code); ++i) {
