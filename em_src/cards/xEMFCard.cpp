@@ -24,6 +24,7 @@
 #include <QStringListModel>
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace {
 
@@ -118,9 +119,8 @@ void xEMFCard::BuildControls()
                          [this] { DoCommand(Logic::kReplaceSample, replaceButton); });
 
         PlaceControls();
-        for (QWidget* view : {static_cast<QWidget*>(sampleView), static_cast<QWidget*>(commentBox),
-                              static_cast<QWidget*>(itemBox), static_cast<QWidget*>(randomToggle),
-                              static_cast<QWidget*>(geosoftToggle), static_cast<QWidget*>(replaceButton)})
+        for (QWidget* view : std::initializer_list<QWidget*>{sampleView, commentBox, itemBox, randomToggle,
+                                                             geosoftToggle, replaceButton})
             view->show();
         prompted = {{sampleView, Logic::kSamplePrompt, QRect()},
                     {commentBox, Logic::kCommentLinesPrompt, QRect()},
