@@ -1,5 +1,6 @@
 #include "frame/xCardCatalog.h"
 
+#include "cards/xEMFCard.h"
 #include "cards/xEMSysCard.h"
 #include "frame/xEMEditDesc.h"
 
@@ -12,6 +13,7 @@ std::map<std::string, xCardCatalog::Maker>& Makers()
 {
     static std::map<std::string, xCardCatalog::Maker> makers = {
         {xEMEditDesc::kSystemCard, &xEMSysCard::Make},
+        {xEMEditDesc::kFormatCard, &xEMFCard::Make},
     };
     return makers;
 }
