@@ -1,5 +1,6 @@
 #include "cards/xCardChecks.h"
 
+#include "cards/xEMGCardLogic.h"
 #include "cards/xEMSysCardLogic.h"
 #include "frame/xEMEditDesc.h"
 
@@ -21,6 +22,7 @@ struct Entry {
 // The cards with a logic of their own, by title.
 const Entry kCards[] = {
     {xEMEditDesc::kSystemCard, &Make<xEMSysCardLogic>},
+    {xEMEditDesc::kGeometryCard, &Make<xEMGCardLogic>},
 };
 
 } // namespace
