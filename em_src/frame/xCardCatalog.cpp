@@ -1,5 +1,6 @@
 #include "frame/xCardCatalog.h"
 
+#include "cards/xEMGCard.h"
 #include "cards/xEMSysCard.h"
 #include "frame/xEMEditDesc.h"
 
@@ -12,6 +13,7 @@ std::map<std::string, xCardCatalog::Maker>& Makers()
 {
     static std::map<std::string, xCardCatalog::Maker> makers = {
         {xEMEditDesc::kSystemCard, &xEMSysCard::Make},
+        {xEMEditDesc::kGeometryCard, &xEMGCard::Make},
     };
     return makers;
 }
