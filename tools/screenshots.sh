@@ -4,8 +4,7 @@
 # Run from the repository root after a build; the build is taken from build/ or
 # from $TOLVAD_BUILD_DIR, as tolvad.sh does. Every card of every orientation of
 # every example goes to OUT_DIR/EXAMPLE-CARD-ORIENTATION.png (EXAMPLE the file
-# name without .DSC, CARD the card's title in lower case with dashes); the
-# geometry card's plan view goes to OUT_DIR/EXAMPLE-system-geometry-ORIENTATION-plan.png.
+# name without .DSC, CARD the card's title in lower case with dashes).
 set -euo pipefail
 if [ $# -ne 1 ]; then
   echo "usage: $0 OUT_DIR" >&2

@@ -381,19 +381,19 @@ void xEMGCard::ShowCursor(const QPoint& point)
     Label(kCursorY)->setText(QString::fromStdString(texts[1]));
 }
 
-QPoint xEMGCard::DialogCentre() const
+bool xEMGCard::EditPoint(const char* title, float point[3])
 {
-    return mapToGlobal(rect().center());
+    xPointEdWin dialog(this, title, mapToGlobal(rect().center()));
+    dialog.SetUpUserItem(point);
+    dialog.Run();
+    return !xModalEdWin::Cancelled;
 }
 
 void xEMGCard::EditRxOffset()
 {
     float offset[3] = {0.0f, 0.0f, 0.0f};
     logic.RxOffset(offset);
-    xPointEdWin dialog(this, Logic::kRxOffsetTitle, DialogCentre());
-    dialog.SetUpUserItem(offset);
-    dialog.Run();
-    if (!xModalEdWin::Cancelled && logic.EditRxOffset(offset))
+    if (EditPoint(Logic::kRxOffsetTitle, offset) && logic.EditRxOffset(offset))
         BuildIcon(true);
     ShowOffset();
 }
@@ -402,10 +402,7 @@ void xEMGCard::EditTxPosition()
 {
     float position[3] = {0.0f, 0.0f, 0.0f};
     logic.TxPosition(position);
-    xPointEdWin dialog(this, Logic::kTxPositionTitle, DialogCentre());
-    dialog.SetUpUserItem(position);
-    dialog.Run();
-    if (!xModalEdWin::Cancelled && logic.EditTxPosition(position)) {
+    if (EditPoint(Logic::kTxPositionTitle, position) && logic.EditTxPosition(position)) {
         BuildIcon(false);
         BuildIcon(true);
     }

@@ -96,7 +96,8 @@ private:
     int Component(bool receiver) const;
     // The part of an icon's frame on the drawing, in the card's coordinates.
     QRect IconRegion(const xSensorIcon* icon) const;
-    QPoint DialogCentre() const;
+    // Runs a three-value dialog on point, centred on the card; false when cancelled.
+    bool EditPoint(const char* title, float point[3]);
     std::string ListText(long id) const;
 
     xEMGCardLogic logic;
