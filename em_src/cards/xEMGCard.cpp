@@ -10,6 +10,7 @@
 #include "frame/xListButton.h"
 #include "model/xEMGDesc.h"
 #include "widgets/xEditBox.h"
+#include "widgets/xFltGrd.h"
 #include "widgets/xPointEdWin.h"
 
 #include <QFontMetrics>
@@ -498,6 +499,10 @@ void xEMGCard::DoCommand(long command, void* data)
         return;
     case Logic::kEditTxPosition:
         EditTxPosition();
+        return;
+    case xFltGrd::kRowsChanged:
+        // The corners or ends table of a dialog changed its rows: the dialog
+        // reads the table at its end.
         return;
     default:
         break;
