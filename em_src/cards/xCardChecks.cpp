@@ -1,6 +1,7 @@
 #include "cards/xCardChecks.h"
 
 #include "cards/xEMFCardLogic.h"
+#include "cards/xEMGCardLogic.h"
 #include "cards/xEMSysCardLogic.h"
 #include "frame/xEMEditDesc.h"
 
@@ -22,6 +23,7 @@ struct Entry {
 // The cards with a logic of their own, by title.
 const Entry kCards[] = {
     {xEMEditDesc::kSystemCard, &Make<xEMSysCardLogic>},
+    {xEMEditDesc::kGeometryCard, &Make<xEMGCardLogic>},
     {xEMEditDesc::kFormatCard, &Make<xEMFCardLogic>},
 };
 

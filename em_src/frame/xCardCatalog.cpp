@@ -1,6 +1,7 @@
 #include "frame/xCardCatalog.h"
 
 #include "cards/xEMFCard.h"
+#include "cards/xEMGCard.h"
 #include "cards/xEMSysCard.h"
 #include "frame/xEMEditDesc.h"
 
@@ -13,6 +14,7 @@ std::map<std::string, xCardCatalog::Maker>& Makers()
 {
     static std::map<std::string, xCardCatalog::Maker> makers = {
         {xEMEditDesc::kSystemCard, &xEMSysCard::Make},
+        {xEMEditDesc::kGeometryCard, &xEMGCard::Make},
         {xEMEditDesc::kFormatCard, &xEMFCard::Make},
     };
     return makers;
