@@ -8,6 +8,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
+# locales: the definitions from which the number tests build a comma-decimal locale.
 PACKAGES=(build-essential cmake ninja-build pkg-config qt6-base-dev qt6-base-dev-tools
           libgl-dev libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev locales)
 BUILD=${TOLVAD_BUILD_DIR:-build}

@@ -1,6 +1,7 @@
 #include "gui/xPlatform.h"
 
 #include "gui/xHeadlessPlatform.h"
+#include "numeric/xCNumber.h"
 
 #include <cerrno>
 #include <climits>
@@ -10,23 +11,18 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <algorithm>
 #include <vector>
 
 namespace {
 
 xPlatform* installed = nullptr;
 
+// Messages show numbers as the files hold them, with ".", in any locale.
 std::string VFormat(const char* format, va_list args)
 {
-    va_list copy;
-    va_copy(copy, args);
-    int length = std::vsnprintf(nullptr, 0, format, copy);
-    va_end(copy);
-    if (length <= 0)
-        return std::string();
-    std::vector<char> buffer(static_cast<size_t>(length) + 1);
-    std::vsnprintf(buffer.data(), buffer.size(), format, args);
-    return std::string(buffer.data(), static_cast<size_t>(length));
+    return xCNumber::VPrintf(format, args);
 }
 
 } // namespace
@@ -38,47 +34,122 @@ xPlatform::xPlatform()
 
 xPlatform::~xPlatform() = default;
 
-bool xPlatform::StartProgram(const std::string& commandLine)
+namespace {
+
+bool IsBlank(char c)
 {
-    // Split at blanks; the first word must name an executable program.
+    return c == ' ' || c == '\t';
+}
+
+// Arguments at blanks; a double quote starts and ends a part with blanks in it.
+std::vector<std::string> SplitArguments(const std::string& text)
+{
     std::vector<std::string> words;
     std::string word;
-    for (char c : commandLine) {
-        if (c == ' ' || c == '\t') {
-            if (!word.empty())
+    bool inWord = false, quoted = false;
+    for (char c : text) {
+        if (c == '"') {
+            quoted = !quoted;
+            inWord = true;
+        } else if (IsBlank(c) && !quoted) {
+            if (inWord)
                 words.push_back(word);
             word.clear();
+            inWord = false;
         } else {
             word += c;
+            inWord = true;
         }
     }
-    if (!word.empty())
+    if (inWord)
         words.push_back(word);
-    if (words.empty())
-        return false;
-    std::string program = words[0];
-    if (program.find('/') == std::string::npos) {
-        const char* path = std::getenv("PATH");
-        std::string dirs = path ? path : "/usr/bin:/bin";
-        std::string found;
-        size_t start = 0;
-        while (start <= dirs.size()) {
-            size_t end = dirs.find(':', start);
-            if (end == std::string::npos)
-                end = dirs.size();
-            std::string candidate = dirs.substr(start, end - start) + "/" + program;
-            if (access(candidate.c_str(), X_OK) == 0) {
-                found = candidate;
+    return words;
+}
+
+} // namespace
+
+void xPlatform::SplitCommand(const std::string& commandLine, std::string& program,
+                             std::vector<std::string>& arguments)
+{
+    program.clear();
+    arguments.clear();
+    size_t start = 0;
+    while (start < commandLine.size() && IsBlank(commandLine[start]))
+        ++start;
+    if (start == commandLine.size())
+        return;
+    size_t rest = std::string::npos;
+    if (commandLine[start] == '"') {
+        size_t close = commandLine.find('"', start + 1);
+        program = commandLine.substr(start + 1, close == std::string::npos ? std::string::npos : close - start - 1);
+        rest = close == std::string::npos ? commandLine.size() : close + 1;
+    } else {
+        // Each end of a word, from the left, closes a candidate path.
+        size_t firstEnd = std::string::npos;
+        for (size_t at = start; at <= commandLine.size(); ++at) {
+            bool end = at == commandLine.size() || IsBlank(commandLine[at]);
+            if (!end || IsBlank(commandLine[at - 1]))
+                continue;
+            if (firstEnd == std::string::npos)
+                firstEnd = at;
+            std::string candidate = commandLine.substr(start, at - start);
+            std::string found;
+            if (FindProgram(candidate, found)) {
+                program = candidate;
+                rest = at;
                 break;
             }
-            start = end + 1;
         }
-        if (found.empty())
-            return false;
-        program = found;
-    } else if (access(program.c_str(), X_OK) != 0) {
-        return false;
+        // None is a program: the first word is the one that wasn't found.
+        if (program.empty()) {
+            program = commandLine.substr(start, firstEnd - start);
+            rest = firstEnd;
+        }
     }
+    arguments = SplitArguments(commandLine.substr(std::min(rest, commandLine.size())));
+}
+
+bool xPlatform::StartCommand(const std::string& commandLine)
+{
+    std::string program;
+    std::vector<std::string> arguments;
+    SplitCommand(commandLine, program, arguments);
+    return !program.empty() && StartProgram(program, arguments);
+}
+
+bool xPlatform::FindProgram(const std::string& name, std::string& path)
+{
+    if (name.empty())
+        return false;
+    if (name.find('/') != std::string::npos) {
+        xFileStatus status;
+        if (!StatFile(name, status) || !status.regular || access(name.c_str(), X_OK) != 0)
+            return false;
+        path = name;
+        return true;
+    }
+    const char* variable = std::getenv("PATH");
+    std::string dirs = variable ? variable : "/usr/bin:/bin";
+    size_t start = 0;
+    while (start <= dirs.size()) {
+        size_t end = dirs.find(':', start);
+        if (end == std::string::npos)
+            end = dirs.size();
+        std::string candidate = dirs.substr(start, end - start) + "/" + name;
+        if (access(candidate.c_str(), X_OK) == 0) {
+            path = candidate;
+            return true;
+        }
+        start = end + 1;
+    }
+    return false;
+}
+
+bool xPlatform::StartProgram(const std::string& program, const std::vector<std::string>& arguments)
+{
+    std::string path;
+    if (!FindProgram(program, path))
+        return false;
     pid_t child = fork();
     if (child < 0)
         return false;
@@ -88,10 +159,11 @@ bool xPlatform::StartProgram(const std::string& commandLine)
             _exit(0);
         setsid();
         std::vector<char*> argv;
-        for (auto& w : words)
-            argv.push_back(const_cast<char*>(w.c_str()));
+        argv.push_back(const_cast<char*>(program.c_str()));
+        for (const auto& argument : arguments)
+            argv.push_back(const_cast<char*>(argument.c_str()));
         argv.push_back(nullptr);
-        execv(program.c_str(), argv.data());
+        execv(path.c_str(), argv.data());
         _exit(127);
     }
     int status = 0;

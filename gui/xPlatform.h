@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <ctime>
 #include <string>
+#include <vector>
 
 // What a status query of a path tells.
 struct xFileStatus {
@@ -64,8 +65,21 @@ public:
     virtual void Beep() = 0;
     virtual void ScreenSize(int& width, int& height) = 0;
 
-    // Starts a command line detached; false when the program can't be started.
-    virtual bool StartProgram(const std::string& commandLine);
+    // Starts a program detached with its arguments; the program's path is
+    // taken whole, blanks and all. False when it can't be started.
+    virtual bool StartProgram(const std::string& program, const std::vector<std::string>& arguments);
+    // Starts a command line: the program's path, then its arguments. A path
+    // may hold blanks: unless it is quoted, the shortest run of words from the
+    // left that names a program is the program, as the launcher's command
+    // lines have always been read; the rest are the arguments, split at
+    // blanks, quotes keeping a blank inside one. False when nothing starts.
+    bool StartCommand(const std::string& commandLine);
+    // The program a name stands for: a name with a "/" as it is, a bare one
+    // found on PATH; false when there is no such program.
+    virtual bool FindProgram(const std::string& name, std::string& path);
+    // How StartCommand reads a command line.
+    void SplitCommand(const std::string& commandLine, std::string& program,
+                      std::vector<std::string>& arguments);
 
     // File system; the defaults work on the real file system of the machine.
     virtual bool StatFile(const std::string& path, xFileStatus& status);

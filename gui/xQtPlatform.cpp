@@ -155,11 +155,10 @@ void xQtPlatform::ScreenSize(int& width, int& height)
     height = area.height();
 }
 
-bool xQtPlatform::StartProgram(const std::string& commandLine)
+bool xQtPlatform::StartProgram(const std::string& program, const std::vector<std::string>& arguments)
 {
-    QStringList words = QProcess::splitCommand(Q(commandLine));
-    if (words.isEmpty())
-        return false;
-    QString program = words.takeFirst();
-    return QProcess::startDetached(program, words);
+    QStringList words;
+    for (const std::string& argument : arguments)
+        words.append(Q(argument));
+    return !program.empty() && QProcess::startDetached(Q(program), words);
 }

@@ -26,7 +26,7 @@ public:
     void PutClipboardText(const std::string& text) override;
     void Beep() override;
     void ScreenSize(int& width, int& height) override;
-    bool StartProgram(const std::string& commandLine) override;
+    bool StartProgram(const std::string& program, const std::vector<std::string>& arguments) override;
 
     // The window that message boxes and dialogs belong to; null for none.
     void SetDialogParent(QWidget* parent) { dialogParent = parent; }

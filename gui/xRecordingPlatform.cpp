@@ -63,13 +63,22 @@ void xRecordingPlatform::ScreenSize(int& width, int& height)
     height = screenHeight;
 }
 
-bool xRecordingPlatform::StartProgram(const std::string& commandLine)
+bool xRecordingPlatform::StartProgram(const std::string& program, const std::vector<std::string>& arguments)
 {
-    startedPrograms.push_back(commandLine);
-    std::string program = commandLine.substr(0, commandLine.find(' '));
+    std::vector<std::string> attempt{program};
+    attempt.insert(attempt.end(), arguments.begin(), arguments.end());
+    startedPrograms.push_back(attempt);
+    std::string path;
+    return FindProgram(program, path);
+}
+
+bool xRecordingPlatform::FindProgram(const std::string& name, std::string& path)
+{
     for (const auto& allowed : startable)
-        if (allowed == program)
+        if (allowed == name) {
+            path = name;
             return true;
+        }
     return false;
 }
 

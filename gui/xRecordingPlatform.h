@@ -47,11 +47,13 @@ public:
     void PutClipboardText(const std::string& text) override;
     void Beep() override;
     void ScreenSize(int& width, int& height) override;
-    bool StartProgram(const std::string& commandLine) override;
+    bool StartProgram(const std::string& program, const std::vector<std::string>& arguments) override;
+    // The listed programs are the ones that exist.
+    bool FindProgram(const std::string& name, std::string& path) override;
 
     // Script: answers of the next questions (0 when the script is empty), the
-    // results of the next file dialogs (cancel when empty), and which command
-    // lines start (none unless listed).
+    // results of the next file dialogs (cancel when empty), and which programs
+    // exist and start (none unless listed).
     void AnswerNext(int answer) { answers.push_back(answer); }
     void ChooseNext(int result, const std::string& path = std::string())
     {
@@ -63,7 +65,8 @@ public:
     std::vector<Message> messages;
     std::vector<Question> questions;
     std::vector<xFileDialogRequest> dialogRequests;
-    std::vector<std::string> startedPrograms;   // every attempt, in order
+    // Every attempt to start, in order: the program, then its arguments.
+    std::vector<std::vector<std::string>> startedPrograms;
     int beeps = 0;
     std::string clipboard;
     bool hasClipboard = false;

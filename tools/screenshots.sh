@@ -1,22 +1,38 @@
 #!/usr/bin/env bash
-# Pictures of the editor, rendered offscreen:
+# Renders the editor's pictures offscreen, for looking at them.
 #   tools/screenshots.sh OUT_DIR
-# Run from the repository root after a build; the build is taken from build/ or
-# from $TOLVAD_BUILD_DIR, as tolvad.sh does. Every card of every orientation of
-# every example goes to OUT_DIR/EXAMPLE-CARD-ORIENTATION.png (EXAMPLE the file
-# name without .DSC, CARD the card's title in lower case with dashes).
+# Run from anywhere after a build; the build is in build/ or $TOLVAD_BUILD_DIR,
+# as tolvad.sh makes it.
+#   OUT_DIR/widgets/NAME-1x.png, NAME-2x.png   each widget family at both scales
+#   OUT_DIR/EXAMPLE-CARD-ORIENTATION.png       every card of every orientation of
+#                                              every example (EXAMPLE the file name
+#                                              without .DSC, CARD the card's title
+#                                              in lower case with dashes)
 set -euo pipefail
-if [ $# -ne 1 ]; then
-  echo "usage: $0 OUT_DIR" >&2
-  exit 64
-fi
-OUT=$(realpath -m "$1")
 cd "$(dirname "$0")/.."
+OUT=${1:?usage: tools/screenshots.sh OUT_DIR}
 BUILD=${TOLVAD_BUILD_DIR:-build}
-RENDERER="$BUILD/tools/tolvad-cardshots"
-if [ ! -x "$RENDERER" ]; then
-  echo "$RENDERER is missing: build first (./tolvad.sh test, or cmake --build $BUILD)" >&2
-  exit 1
-fi
 mkdir -p "$OUT"
-QT_QPA_PLATFORM=offscreen "$RENDERER" "$OUT" examples/*.DSC
+OUT=$(cd "$OUT" && pwd)
+
+program() {
+  local path="$BUILD/tools/$1"
+  if [ ! -x "$path" ]; then
+    echo "screenshots: $path is not built (./tolvad.sh test, or cmake --build $BUILD)" >&2
+    exit 1
+  fi
+  echo "$path"
+}
+
+# render PROGRAM FOLDER: runs a renderer of the build at both scales; FOLDER
+# is relative to OUT_DIR.
+render() {
+  local path folder="$OUT/$2"
+  path=$(program "$1")
+  mkdir -p "$folder"
+  QT_QPA_PLATFORM=offscreen "$path" "$folder" 1x
+  QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=2 "$path" "$folder" 2x
+}
+
+render tolvad-gallery widgets
+QT_QPA_PLATFORM=offscreen "$(program tolvad-cardshots)" "$OUT" examples/*.DSC

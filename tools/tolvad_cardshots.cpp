@@ -1,7 +1,9 @@
 // Pictures of the editor's cards: every card of every orientation of each
 // descriptor named, rendered offscreen and saved as
 // OUT_DIR/EXAMPLE-CARD-ORIENTATION.png (EXAMPLE the file name without .DSC,
-// CARD the card's title in lower case with blanks as dashes).
+// CARD the card's title in lower case with blanks as dashes). The geometry
+// card comes twice: in its section, and in its plan with "-plan" behind.
+#include "cards/xEMGCardLogic.h"
 #include "frame/xCard.h"
 #include "frame/xDescWin.h"
 #include "frame/xEMWinDesc.h"
@@ -28,6 +30,18 @@ std::string Slug(const std::string& title)
     return slug;
 }
 
+// The window as it stands into OUT_DIR/STEM.png; false when it can't be written.
+bool Save(QWidget& window, const QDir& out, const std::string& stem, int& written)
+{
+    QString name = QString::fromStdString(stem + ".png");
+    if (!window.grab().save(out.filePath(name))) {
+        std::fprintf(stderr, "tolvad-cardshots: cannot write %s\n", name.toLocal8Bit().constData());
+        return false;
+    }
+    ++written;
+    return true;
+}
+
 // Renders the cards of one descriptor; false when it can't be read.
 bool Render(const QString& path, const QDir& out, int& written)
 {
@@ -51,12 +65,18 @@ bool Render(const QString& path, const QDir& out, int& written)
             window->SelectCard(index);
             QApplication::processEvents();
             xCard* card = window->CardAt(index);
-            QString name = QString::fromStdString(example + "-" + Slug(card->Title()) + "-" + CodeName(code) + ".png");
-            if (!window->grab().save(out.filePath(name))) {
-                std::fprintf(stderr, "tolvad-cardshots: cannot write %s\n", name.toLocal8Bit().constData());
+            const std::string stem = example + "-" + Slug(card->Title()) + "-" + CodeName(code);
+            if (!Save(*window, out, stem, written))
                 return false;
+            // The geometry card once more in its other view, the plan.
+            if (card->Title() == xEMEditDesc::kGeometryCard) {
+                card->DoCommand(xEMGCardLogic::kFlipView, nullptr);
+                QApplication::processEvents();
+                bool saved = Save(*window, out, stem + "-plan", written);
+                card->DoCommand(xEMGCardLogic::kFlipView, nullptr);
+                if (!saved)
+                    return false;
             }
-            ++written;
         }
     }
     return true;

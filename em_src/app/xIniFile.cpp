@@ -15,8 +15,3 @@ void xIniFile::Read()
 {
     sectionsRead = inStream != nullptr && settings.ReadSections(*inStream);
 }
-
-void xIniFile::Write()
-{
-    sectionsWritten = outStream != nullptr && settings.WriteSections(*outStream);
-}

@@ -5,18 +5,17 @@
 
 class xIniSettings;
 
-// The settings file as a plain ASCII document: Load and Store open and close
-// the file and hand its stream to the settings object's sections.
+// The settings file as a plain ASCII document to read: Load opens and closes
+// the file and hands its stream to the settings object's sections. Writing
+// replaces the file whole (see xIniSettings::Write).
 class xIniFile : public xDoc {
 public:
     xIniFile(xIniSettings& settings, const std::string& directory, const std::string& name);
 
     void Read() override;
-    void Write() override;
 
-    // What the sections gave on the last Load and Store.
+    // What the sections gave on the last Load.
     bool sectionsRead = false;
-    bool sectionsWritten = false;
 
 private:
     xIniSettings& settings;

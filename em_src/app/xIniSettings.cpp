@@ -2,24 +2,21 @@
 
 #include "app/xIniFile.h"
 #include "app/xModuleLauncher.h"
+#include "frame/xFileReplacer.h"
 #include "frame/xFileSpec.h"
 #include "gui/xPlatform.h"
+#include "numeric/xCNumber.h"
 #include "numeric/xExtract.h"
 
 #include <algorithm>
 #include <cctype>
-#include <cmath>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <istream>
 #include <limits>
+#include <locale>
 #include <ostream>
 #include <regex>
-#include <sys/stat.h>
-#include <unistd.h>
 
 xIniSettings* iniSettings = nullptr;
 std::string editorName = "tolvad313.exe ";
@@ -62,28 +59,33 @@ std::string StripBlanks(const std::string& text)
     return text.substr(first, last - first + 1);
 }
 
-// A value read as a float and taken as a whole number; out of range saturates.
-int32_t FloatToInt(const std::string& text)
+// A value as atof reads it, with "." whatever the locale; false, with value
+// untouched, for a number no float holds.
+bool TextToFloat(const std::string& text, float& value)
 {
-    float value = static_cast<float>(std::atof(text.c_str()));
-    if (std::isnan(value))
-        return 0;
-    if (value >= 2147483648.0f)
-        return std::numeric_limits<int32_t>::max();
-    if (value <= -2147483648.0f)
-        return std::numeric_limits<int32_t>::min();
-    return static_cast<int32_t>(value);
+    return xCNumber::ReadFloat(text.c_str(), value) != xCNumber::kBeyondFloat;
 }
 
-float TextToFloat(const std::string& text)
+// A value read as a float and taken as a whole number; out of range saturates.
+bool FloatToInt(const std::string& text, int32_t& value)
 {
-    double value = std::atof(text.c_str());
-    // Beyond float's range the value is an infinity, as on the machine itself.
-    if (value > std::numeric_limits<float>::max())
-        return std::numeric_limits<float>::infinity();
-    if (value < -std::numeric_limits<float>::max())
-        return -std::numeric_limits<float>::infinity();
-    return static_cast<float>(value);
+    float number = 0.0f;
+    if (!TextToFloat(text, number))
+        return false;
+    if (number >= 2147483648.0f)
+        value = std::numeric_limits<int32_t>::max();
+    else if (number <= -2147483648.0f)
+        value = std::numeric_limits<int32_t>::min();
+    else
+        value = static_cast<int32_t>(number);
+    return true;
+}
+
+// A number as the stream writes it by default, in the C locale and never as
+// "inf" or "nan".
+std::string StreamFloat(float value)
+{
+    return xCNumber::Printf("%g", static_cast<double>(xCNumber::Finite(value)));
 }
 
 const char* ColorName(uint32_t color)
@@ -135,7 +137,7 @@ void WriteTable(std::ostream& out, const FloatArray& table)
     for (int i = kFirstOrientation; i <= kLastOrientation; ++i) {
         if (i > kFirstOrientation)
             out << ' ';
-        out << table[i];
+        out << StreamFloat(table[i]);
     }
     out << '\n';
 }
@@ -191,42 +193,24 @@ bool xIniSettings::Write()
     platform.SetCurrentDirectory(startup);
 
     xFileSpec spec;
-    bool result = spec.SetDirectoryText(startup);
+    spec.SetDirectoryText(startup);
     spec.name = iniFileName;
-    std::string target = spec.FullPath();
+    const std::string target = spec.FullPath();
 
-    // A file the user made read-only stays as it is.
-    xFileStatus status;
-    bool exists = platform.StatFile(target, status);
-    if (exists && !status.ownerWrite)
-        result = false;
-
-    // The new file is written beside the old one and replaces it only when
-    // complete, so a full disk or a crash never costs the old settings.
-    std::string temporary = target + ".XXXXXX";
-    int descriptor = result ? ::mkstemp(&temporary[0]) : -1;
-    if (descriptor < 0) {
-        result = false;
-    } else {
-        // The new file gets the old one's permissions, or the usual ones.
-        mode_t mask = ::umask(0);
-        ::umask(mask);
-        mode_t mode = 0666 & ~mask;
-        struct stat old;
-        if (exists && ::stat(target.c_str(), &old) == 0)
-            mode = old.st_mode & 07777;
-        ::fchmod(descriptor, mode);
-        ::close(descriptor);
-
-        {
-            xIniFile file(*this, startup, temporary.substr(temporary.rfind('/') + 1));
-            result = file.Store() && file.sectionsWritten;
-        }
-        if (result && std::rename(temporary.c_str(), target.c_str()) != 0)
-            result = false;
-        if (!result)
-            platform.RemoveFile(temporary);
+    // The new file replaces the old one only when complete, so a full disk or
+    // a crash never costs the old settings; a link is written through, a
+    // read-only file stays as it is, and a folder that takes no new file gets
+    // the file written in place.
+    xFileReplacer file(target, xFileReplacer::kInPlace);
+    bool result = file.Begin();
+    if (result) {
+        std::ostream& out = file.Stream();
+        out.imbue(std::locale::classic());
+        result = WriteSections(out) && file.Commit();
     }
+    if (!result)
+        PostWarning("Settings not saved: %s (%s).", target.c_str(),
+                    file.Reason().empty() ? "write error" : file.Reason().c_str());
     platform.SetCurrentDirectory(saved);
     return result;
 }
@@ -276,6 +260,14 @@ bool xIniSettings::RejectLine(std::istream& in, const char* label, const char* k
     PostError("WARNING: Initialization file is incorrect in %s\n%s.", label, key);
     // The line may open the next section: give it back.
     in.seekg(rememberedPosition);
+    return false;
+}
+
+bool xIniSettings::RejectValue(const char* label, const char* key)
+{
+    // A number no float holds is one the file can't mean: the key's warning,
+    // and the field keeps what it had.
+    PostError("WARNING: Initialization file is incorrect in %s\n%s.", label, key);
     return false;
 }
 
@@ -352,7 +344,8 @@ bool xIniSettings::ReadCdi(std::istream& in)
 
     if (!ReadKey(in, kDeviationKey, "[CDI]", value))
         return false;
-    amplitudeDeviation = TextToFloat(value);
+    if (!TextToFloat(value, amplitudeDeviation))
+        return RejectValue("[CDI]", kDeviationKey);
     return true;
 }
 
@@ -389,8 +382,10 @@ bool xIniSettings::ReadFont(std::istream& in)
 
     if (!ReadKey(in, kSizeKey, "[Font]", value))
         return false;
+    int32_t size = 0;
+    if (!FloatToInt(value, size))
+        return RejectValue("[Font]", kSizeKey);
     font.size = 12;
-    int32_t size = FloatToInt(value);
     if (size >= 4 && size <= 19)
         font.size = size;
     return true;
@@ -424,7 +419,8 @@ bool xIniSettings::ReadApprox(std::istream& in)
     ReadTable(in, halfSpace);
     if (!ReadKey(in, kTausKey, "[APPROX]", value))
         return false;
-    extraTaus = FloatToInt(value);
+    if (!FloatToInt(value, extraTaus))
+        return RejectValue("[APPROX]", kTausKey);
     return true;
 }
 
@@ -457,7 +453,7 @@ bool xIniSettings::WriteSections(std::ostream& out) const
         << kColorKey << ColorName(unresolvedColor) << '\n'
         << kExtensionKey << cdiExtension << '\n'
         << kInspectKey << (inspectAmplitudes ? "Yes" : "No") << '\n'
-        << kDeviationKey << amplitudeDeviation << "\n\n";
+        << kDeviationKey << StreamFloat(amplitudeDeviation) << "\n\n";
 
     out << "[SYSTEM]\n"
         << kFamilyKey << FamilyName(font.family) << '\n'
@@ -528,13 +524,13 @@ void AddProject(const std::string& path)
         return;
     std::vector<std::string>& list = iniSettings->projects;
     auto found = std::find(list.begin(), list.end(), path);
-    if (found != list.end()) {
+    if (found != list.end())
         std::rotate(list.begin(), found, found + 1);
-        return;
-    }
-    list.insert(list.begin(), path);
+    else
+        list.insert(list.begin(), path);
+    // A file may have given up to nine; from here on five stay.
     if (list.size() > kMaxProjects)
-        list.pop_back();
+        list.resize(kMaxProjects);
 }
 
 void AddProject(const xFileSpec& spec)

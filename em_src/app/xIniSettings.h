@@ -34,7 +34,10 @@ public:
 
     // The whole file, in the start-up directory only. Read is true when every
     // section read cleanly; a missing file keeps the defaults quietly. Write
-    // replaces the file only when the new one was written completely.
+    // replaces the file only when the new one was written completely, through
+    // a link to the file it leads to, and in place where the folder takes no
+    // new file; a file that can't be saved (read-only, say) is named in a
+    // warning and left as it was.
     virtual bool Write();
     virtual bool Read();
 
@@ -75,6 +78,8 @@ private:
     static bool FindSection(std::istream& in, const char* header);
     // Warns of a line that isn't what the section expects and gives it back.
     static bool RejectLine(std::istream& in, const char* label, const char* key);
+    // Warns of a value that can't be read; the line is taken.
+    static bool RejectValue(const char* label, const char* key);
     static bool ReadKey(std::istream& in, const char* key, const char* warning,
                         std::string& value);
 

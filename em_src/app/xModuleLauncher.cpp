@@ -8,7 +8,7 @@
 void RunModule(const std::string& command)
 {
     xPlatform& platform = Platform();
-    if (platform.StartProgram(command))
+    if (platform.StartCommand(command))
         return;
     platform.Beep();
     if (PostAsk("Yes", "No", nullptr, "%s", "Select the module to execute?") != 0)
@@ -25,6 +25,7 @@ void RunModule(const std::string& command)
         path += '/';
     path += spec.name;
     editorName = path + " ";
-    // The user chose this one; if it won't start either there is nothing more to ask.
-    platform.StartProgram(path);
+    // The user chose this one, by its whole path; if it won't start either
+    // there is nothing more to ask.
+    platform.StartProgram(path, {});
 }

@@ -1,6 +1,8 @@
 #include "cards/xCardChecks.h"
 
+#include "cards/xEMFCardLogic.h"
 #include "cards/xEMFreqCardLogic.h"
+#include "cards/xEMGCardLogic.h"
 #include "cards/xEMSysCardLogic.h"
 #include "cards/xEMWaveCardLogic.h"
 #include "frame/xEMEditDesc.h"
@@ -33,6 +35,8 @@ const Entry kCards[] = {
     {xEMEditDesc::kTxWaveCard, &MakeTitled<xEMWaveCardLogic, xEMEditDesc::kTxWaveCard>},
     {xEMEditDesc::kRxWaveCard, &MakeTitled<xEMWaveCardLogic, xEMEditDesc::kRxWaveCard>},
     {xEMEditDesc::kFrequencyCard, &Make<xEMFreqCardLogic>},
+    {xEMEditDesc::kGeometryCard, &Make<xEMGCardLogic>},
+    {xEMEditDesc::kFormatCard, &Make<xEMFCardLogic>},
 };
 
 } // namespace

@@ -1,6 +1,8 @@
 #include "frame/xCardCatalog.h"
 
+#include "cards/xEMFCard.h"
 #include "cards/xEMFreqCard.h"
+#include "cards/xEMGCard.h"
 #include "cards/xEMSysCard.h"
 #include "cards/xEMWaveCard.h"
 #include "frame/xEMEditDesc.h"
@@ -17,6 +19,8 @@ std::map<std::string, xCardCatalog::Maker>& Makers()
         {xEMEditDesc::kTxWaveCard, &xEMWaveCard::MakeTx},
         {xEMEditDesc::kRxWaveCard, &xEMWaveCard::MakeRx},
         {xEMEditDesc::kFrequencyCard, &xEMFreqCard::Make},
+        {xEMEditDesc::kGeometryCard, &xEMGCard::Make},
+        {xEMEditDesc::kFormatCard, &xEMFCard::Make},
     };
     return makers;
 }

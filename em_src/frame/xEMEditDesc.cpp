@@ -67,8 +67,8 @@ void xEMEditDesc::DoCommand(long command, void* data)
         if (data)
             PickOrientation(*static_cast<int*>(data));
         return;
-    case kTxSensorName:
     case kRxSensorName:
+    case kTxSensorName:
         ShareSensorKind(command == kTxSensorName);
         return;
     case kResize:

@@ -20,8 +20,8 @@ public:
     // Commands of the cards that the document takes.
     enum Command {
         kPickOrientation = 3410,     // data: pointer to the int code
-        kTxSensorName = 3411,
-        kRxSensorName = 3412,
+        kRxSensorName = 3411,        // from the geometry card's receiver kind list
+        kTxSensorName = 3412,        // from its transmitter kind list
         kAddTxWaveCard = 9345,
         kRemoveTxWaveCard = 9346,
         kAddRxWaveCard = 9347,
@@ -59,7 +59,7 @@ public:
 
     // 3410: another orientation becomes current and the cards follow.
     void PickOrientation(int code);
-    // 3411, 3412: every other orientation's transmitter (receiver) takes the
+    // 3411 (3412): every other orientation's receiver (transmitter) takes the
     // kind of the current one, with a component of its own orientation.
     void ShareSensorKind(bool transmitter);
     // 9354: a new orientation with copies of the first one's records; false

@@ -49,6 +49,19 @@ void xPromptHost::RemovePromptItem(const QPoint& point)
     }
 }
 
+bool xPromptHost::MovePromptItem(const std::string& text, const QRect& region)
+{
+    if (!prompts)
+        return false;
+    for (size_t i = 0; i < prompts->texts.size(); ++i) {
+        if (prompts->texts[i] == text) {
+            prompts->regions[i] = region;
+            return true;
+        }
+    }
+    return false;
+}
+
 bool xPromptHost::PromptMoved(const QPoint& point, const char*& text)
 {
     if (!prompts)

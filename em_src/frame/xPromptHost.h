@@ -24,6 +24,10 @@ public:
     void AddPromptItem(const QRect& region, const std::string& text);
     // Removes the first region that holds the point, with its text.
     void RemovePromptItem(const QPoint& point);
+    // The first region with this text moves to a new place, keeping its turn
+    // among the regions (a view that moves, such as a dragged icon); false
+    // when no region has the text.
+    bool MovePromptItem(const std::string& text, const QRect& region);
 
     void AddNavigableView(QWidget* view);
     void RemoveNavigableView(QWidget* view);

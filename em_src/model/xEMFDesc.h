@@ -102,9 +102,10 @@ public:
     int16_t geosoft = 0;
     int16_t frequencyDomain = 0;
 
-private:
-    // The fixed positions in the order of their rows (pitch, roll, yaw).
+    // The fixed positions in the order of their rows and names (pitch, roll, yaw).
     static int32_t xEMFDesc::* const kFixedFields[kFixedItemCount];
+
+private:
     static const int kFixedClasses[kFixedItemCount];
 
     void ReadVersion9(std::istream& in);

@@ -1,8 +1,9 @@
 #include "numeric/xExtract.h"
 
+#include "numeric/xCNumber.h"
+
 #include <cerrno>
 #include <charconv>
-#include <clocale>
 #include <cstdlib>
 #include <limits>
 #include <locale.h>
@@ -56,6 +57,17 @@ private:
     std::string large;
 };
 
+// The get area of any stream buffer. Its pointers are protected members;
+// pointers to them taken through a derived class may be applied to any buffer.
+struct xGetArea : std::streambuf {
+    static const char* Next(std::streambuf* buffer) { return (buffer->*(&xGetArea::gptr))(); }
+    static const char* End(std::streambuf* buffer) { return (buffer->*(&xGetArea::egptr))(); }
+    static void Skip(std::streambuf* buffer, const char* to)
+    {
+        (buffer->*(&xGetArea::gbump))(static_cast<int>(to - Next(buffer)));
+    }
+};
+
 // Stands for the sentry of formatted input: a stream that isn't good fails;
 // white space is skipped; the end of the input fails with eof.
 std::streambuf* Start(std::istream& in)
@@ -65,6 +77,12 @@ std::streambuf* Start(std::istream& in)
         in.setstate(std::ios::failbit);
         return nullptr;
     }
+    const char* p = xGetArea::Next(buffer);
+    const char* end = xGetArea::End(buffer);
+    while (p != end && IsSpace(static_cast<unsigned char>(*p)))
+        ++p;
+    if (p != xGetArea::Next(buffer))
+        xGetArea::Skip(buffer, p);
     for (;;) {
         Traits::int_type c = buffer->sgetc();
         if (Traits::eq_int_type(c, Traits::eof())) {
@@ -141,29 +159,51 @@ bool ExtractInteger(std::istream& in, Narrow& value)
 
 // The C library's conversion in the classic locale, whatever the process's
 // locale is: for the rare text the fast conversion reports out of range.
-locale_t ClassicLocale()
-{
-    static locale_t classic = newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(0));
-    return classic;
-}
-
 double ClassicStrto(const std::string& text, double)
 {
-    return strtod_l(text.c_str(), nullptr, ClassicLocale());
+    return strtod_l(text.c_str(), nullptr, xCNumber::CLocale());
 }
 
 float ClassicStrto(const std::string& text, float)
 {
-    return strtof_l(text.c_str(), nullptr, ClassicLocale());
+    return strtof_l(text.c_str(), nullptr, xCNumber::CLocale());
 }
 
 // One floating-point number, converted straight to Real: a value beyond
 // Real's range fails as it does in the library's own extraction, and no
 // rounding through a wider type comes between.
 template <typename Real>
+bool ConvertReal(std::istream& in, const char* begin, const char* end, Real& value);
+
+template <typename Real>
 bool ExtractReal(std::istream& in, Real& value)
 {
-    std::streambuf* buffer = Start(in);
+    // Most numbers stand whole in the buffer, behind a few blanks: they are
+    // found and converted where they are, in one pass.
+    std::streambuf* buffer = in.rdbuf();
+    if (in.good() && buffer) {
+        const char* first = xGetArea::Next(buffer);
+        const char* end = xGetArea::End(buffer);
+        while (first != end && IsSpace(static_cast<unsigned char>(*first)))
+            ++first;
+        const char* digits = first != end && *first == '+' ? first + 1 : first;
+        const char* start = digits != end && *digits == '-' && first == digits ? digits + 1 : digits;
+        if (start != end && (IsDigit(*start) || *start == '.')) {
+            Real read = 0;
+            auto result = std::from_chars(digits, end, read);
+            // Taken as it stands when the number ends inside the buffer and
+            // not on an exponent mark that the conversion left behind (as in
+            // "1e+"); anything else goes the careful way below.
+            if (result.ec == std::errc() && result.ptr != end && *result.ptr != 'e' && *result.ptr != 'E') {
+                xGetArea::Skip(buffer, result.ptr);
+                value = read;
+                return true;
+            }
+        }
+        if (first != xGetArea::Next(buffer))
+            xGetArea::Skip(buffer, first);
+    }
+    buffer = Start(in);
     if (!buffer)
         return false;
     NumberText text;
@@ -191,8 +231,12 @@ bool ExtractReal(std::istream& in, Real& value)
         more = Take(in, buffer, text, c);
     }
 
-    const char* begin = text.Begin();
-    const char* end = text.End();
+    return ConvertReal(in, text.Begin(), text.End(), value);
+}
+
+template <typename Real>
+bool ConvertReal(std::istream& in, const char* begin, const char* end, Real& value)
+{
     bool negative = false;
     if (begin != end && (*begin == '+' || *begin == '-')) {
         negative = *begin == '-';

@@ -30,7 +30,7 @@ void x2DGBars::Draw(x2DGSurface& surface) const
     const x2DGRect& frame = port->Frame();
     const int middle = (frame.bottom - frame.top) / 2 + frame.top;
     surface.SetPen(pen);
-    surface.SetClip(&frame);
+    surface.SetClip(&port->Paper());
     const int windows = PixelCount() / 2;
     for (int k = 0; k < windows; ++k) {
         const int level = k % 2 == 0 ? middle + 5 : middle - 5;

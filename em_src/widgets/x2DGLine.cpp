@@ -183,7 +183,7 @@ void x2DGLine::Draw(x2DGSurface& surface) const
         return;
     const x2DGRect& frame = port->Frame();
     surface.SetPen(pen);
-    surface.SetClip(&frame);
+    surface.SetClip(&port->Paper());
     if (!showPoints) {
         surface.DrawPolyline(pixels.data(), PixelCount());
     } else {

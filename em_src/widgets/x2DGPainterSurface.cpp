@@ -3,7 +3,7 @@
 #include <QColor>
 #include <QPainter>
 #include <QPen>
-#include <QRect>
+#include <QRectF>
 
 void x2DGPainterSurface::SetClip(const x2DGRect* rect)
 {
@@ -18,29 +18,38 @@ void x2DGPainterSurface::SetPen(const x2DGPen& pen)
     painter.setPen(QPen(QColor(QRgb(pen.colour)), pen.width));
 }
 
+namespace {
+// A pixel's centre: a smoothed line of one pixel through it stays sharp when
+// it runs level or upright.
+QPointF Centre(int h, int v)
+{
+    return QPointF(h + 0.5, v + 0.5);
+}
+} // namespace
+
 void x2DGPainterSurface::DrawPolyline(const x2DGPixel* cached, int count)
 {
     if (count <= 0)
         return;
     points.resize(static_cast<size_t>(count));
     for (int i = 0; i < count; ++i)
-        points[i] = QPoint(cached[i].h, cached[i].v);
+        points[i] = Centre(cached[i].h, cached[i].v);
     painter.drawPolyline(points.data(), count);
 }
 
 void x2DGPainterSurface::DrawOval(const x2DGRect& box)
 {
-    painter.drawEllipse(QRect(box.left, box.top, box.Width(), box.Height()));
+    painter.drawEllipse(QRectF(Centre(box.left, box.top), Centre(box.right, box.bottom)));
 }
 
 void x2DGPainterSurface::DrawSetPos(int h, int v)
 {
-    position = QPoint(h, v);
+    position = Centre(h, v);
 }
 
 void x2DGPainterSurface::DrawLine(int h, int v)
 {
-    const QPoint to(h, v);
+    const QPointF to = Centre(h, v);
     painter.drawLine(position, to);
     position = to;
 }

@@ -1,11 +1,12 @@
 #ifndef TOLVAD_WIDGETS_X2DGPAINTERSURFACE_H
 #define TOLVAD_WIDGETS_X2DGPAINTERSURFACE_H
 
-// The drawing surface of a graph port on a Qt painter.
+// The drawing surface of a graph port on a Qt painter. Lines run through the
+// centres of the cached pixels.
 
 #include "widgets/x2DGSurface.h"
 
-#include <QPoint>
+#include <QPointF>
 #include <vector>
 
 class QPainter;
@@ -24,8 +25,8 @@ public:
 
 private:
     QPainter& painter;
-    std::vector<QPoint> points;
-    QPoint position;
+    std::vector<QPointF> points;
+    QPointF position;
 };
 
 #endif

@@ -417,13 +417,21 @@ void x2DGPlot::Resize(const x2DGRect& newFrame, bool visible)
             line->DoCommand(kResized, nullptr);
 }
 
+void x2DGPlot::Reframe(const x2DGRect& newFrame)
+{
+    frame = newFrame;
+    SetVirtualSize(std::max(virtualWidth, frame.Width()), frame.Height());
+    RecomputeSeries(false);
+    Invalidate();
+}
+
 void x2DGPlot::DrawContents(x2DGSurface& surface) const
 {
     if (drawZeroLine) {
         const int v = ZeroLinePixel();
-        surface.SetClip(&frame);
-        surface.DrawSetPos(frame.left, v);
-        surface.DrawLine(frame.right, v);
+        surface.SetClip(&Paper());
+        surface.DrawSetPos(Paper().left, v);
+        surface.DrawLine(Paper().right, v);
         surface.SetClip(nullptr);
     }
     for (const auto& line : series)

@@ -123,6 +123,11 @@ public:
     int ZeroLinePixel() const;
 
     const x2DGRect& Frame() const { return frame; }
+    // Where the series may draw: the frame and the margin around it that the
+    // screen gives, so that the ends of the ranges show whole. The frame
+    // itself until one is set.
+    const x2DGRect& Paper() const { return paper ? *paper : frame; }
+    void SetPaper(const x2DGRect& area) { paper = area; }
     int VirtualWidth() const { return virtualWidth; }
     int VirtualHeight() const { return virtualHeight; }
     // Horizontal scroll position: 0 or negative, the virtual area's offset.
@@ -132,6 +137,10 @@ public:
     // The frame changed: the virtual size follows it, the labels are rebuilt,
     // and a visible port tells every series.
     void Resize(const x2DGRect& newFrame, bool visible);
+    // The frame lost or gained height to a strip of the port's own (labels, a
+    // scroll bar): the virtual height follows it, the virtual width and the
+    // scroll position stay.
+    void Reframe(const x2DGRect& newFrame);
 
     // Zero line, then every series in list order.
     void DrawContents(x2DGSurface& surface) const;
@@ -143,7 +152,7 @@ public:
     virtual void ScrollChanged();
     virtual void EndLabelsChanged();
     virtual void SetCrossHairCursor(bool crossHair);
-    void Invalidate() { InvalidateRect(frame); }
+    void Invalidate() { InvalidateRect(Paper()); }
 
     // The largest virtual width; pixels beyond the 16-bit range can't be cached.
     static constexpr int kMaxVirtualWidth = 32767;
@@ -162,6 +171,7 @@ private:
 
     std::vector<std::unique_ptr<x2DGLine>> series;
     x2DGRect frame;
+    std::optional<x2DGRect> paper;
     int virtualWidth = 0;
     int virtualHeight = 0;
     int scrollPosition = 0;

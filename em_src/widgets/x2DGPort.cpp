@@ -4,7 +4,10 @@
 #include "widgets/x2DGPainterSurface.h"
 #include "widgets/xCommandView.h"
 
+#include <QApplication>
 #include <QEnterEvent>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <QLabel>
 #include <QMouseEvent>
@@ -23,9 +26,9 @@ std::unique_ptr<QFont>& SharedLabelFont()
     return font;
 }
 
-x2DGRect LocalFrame(const QRect& frame)
+x2DGRect ToRect(const QRect& r)
 {
-    return {0, 0, frame.width(), frame.height()};
+    return {r.left(), r.top(), r.left() + r.width(), r.top() + r.height()};
 }
 
 QRect ToQRect(const x2DGRect& r)
@@ -33,13 +36,24 @@ QRect ToQRect(const x2DGRect& r)
     return QRect(r.left, r.top, r.Width(), r.Height());
 }
 
+x2DGRect Inset(const x2DGRect& r, int by)
+{
+    x2DGRect inner{r.left + by, r.top + by, r.right - by, r.bottom - by};
+    inner.right = std::max(inner.left, inner.right);
+    inner.bottom = std::max(inner.top, inner.bottom);
+    return inner;
+}
+
 }   // namespace
 
 x2DGPort::x2DGPort(QWidget* parent, const QRect& frame, int width, int height,
                    xCommandTarget* next)
-    : QWidget(parent), x2DGPlot(next, LocalFrame(frame), width, height)
+    : QWidget(parent),
+      x2DGPlot(next, Inset(ToRect(QRect(QPoint(), frame.size())), Margin()), width, height)
 {
     setGeometry(frame);
+    laidOutSize = frame.size();
+    SetPaper(ToRect(rect()));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(false);
     scrollBar = new QScrollBar(Qt::Horizontal, this);
@@ -59,27 +73,67 @@ void x2DGPort::SetLabelFont(const QFont& font)
     SharedLabelFont() = std::make_unique<QFont>(font);
 }
 
+int x2DGPort::Margin()
+{
+    return QFontMetrics(QApplication::font()).height() / 2;
+}
+
+QFont x2DGPort::ReadOutFont() const
+{
+    // The read-out pads its numbers with blanks: they line up only in a
+    // font of one width for all characters.
+    QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    if (!QFontInfo(fixed).fixedPitch()) {
+        fixed = QFont(QStringLiteral("monospace"));
+        fixed.setStyleHint(QFont::TypeWriter);
+    }
+    if (font().pointSizeF() > 0)
+        fixed.setPointSizeF(font().pointSizeF());
+    return fixed;
+}
+
 int x2DGPort::LabelStripHeight() const
 {
     const QFont& font = SharedLabelFont() ? *SharedLabelFont() : this->font();
     return QFontMetrics(font).height() + 2;
 }
 
-x2DGRect x2DGPort::DrawingFrame() const
+bool x2DGPort::NeedsScrollBar() const
 {
-    x2DGRect frame = LocalFrame(rect());
-    if (labelsAtBottom && HasEndLabels())
-        frame.bottom = std::max(frame.top, frame.bottom - LabelStripHeight());
-    return frame;
+    return VirtualWidth() > width() - 2 * Margin();
 }
 
-bool x2DGPort::FollowDrawingFrame()
+x2DGRect x2DGPort::PaperArea(bool zoomKept) const
 {
-    const x2DGRect wanted = DrawingFrame();
-    if (wanted.right == Frame().right && wanted.bottom == Frame().bottom)
+    // From the bottom up: the scroll bar, the label strip, then the paper.
+    x2DGRect area = ToRect(rect());
+    if (zoomKept && NeedsScrollBar())
+        area.bottom -= scrollBar->sizeHint().height();
+    if (labelsAtBottom && HasEndLabels())
+        area.bottom -= LabelStripHeight();
+    area.bottom = std::max(area.top, area.bottom);
+    return area;
+}
+
+bool x2DGPort::FollowDrawingFrame(bool resized)
+{
+    if (following)
         return false;
-    Resize(wanted, isVisible());
-    return true;
+    following = true;
+    // A resize starts unzoomed, without the scroll bar.
+    const x2DGRect area = PaperArea(!resized);
+    const x2DGRect wanted = Inset(area, Margin());
+    SetPaper(area);
+    const bool changed = wanted.left != Frame().left || wanted.top != Frame().top ||
+                         wanted.right != Frame().right || wanted.bottom != Frame().bottom;
+    if (changed) {
+        if (resized)
+            Resize(wanted, isVisible());
+        else
+            Reframe(wanted);
+    }
+    following = false;
+    return changed;
 }
 
 void x2DGPort::DoCommand(long command, void* data)
@@ -96,10 +150,11 @@ void x2DGPort::InvalidateRect(const x2DGRect& r)
 
 void x2DGPort::ScrollChanged()
 {
-    const int hidden = VirtualWidth() - Frame().Width();
-    if (hidden > 0) {
+    // The bar shows under the labels, and the drawing gives up its height.
+    FollowDrawingFrame(false);
+    if (NeedsScrollBar()) {
         const QSignalBlocker block(scrollBar);
-        scrollBar->setRange(0, hidden);
+        scrollBar->setRange(0, VirtualWidth() - Frame().Width());
         scrollBar->setPageStep(Frame().Width());
         scrollBar->setValue(-ScrollPosition());
         const int h = scrollBar->sizeHint().height();
@@ -116,9 +171,9 @@ void x2DGPort::EndLabelsChanged()
 {
     if (!HasEndLabels())
         return;
-    // Taking or giving back the label strip changes the frame; Resize comes
+    // Taking or giving back the label strip changes the frame; Reframe comes
     // back here with the new one.
-    if (FollowDrawingFrame())
+    if (FollowDrawingFrame(false) && startLabel)
         return;
     if (!startLabel) {
         startLabel = new QLabel(this);
@@ -126,6 +181,12 @@ void x2DGPort::EndLabelsChanged()
         startLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         endLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         for (QLabel* label : {startLabel, endLabel}) {
+            // Filled with the paper, so that no trace runs through the text.
+            label->setAutoFillBackground(true);
+            QPalette p = label->palette();
+            p.setColor(QPalette::Window, Qt::white);
+            p.setColor(QPalette::WindowText, Qt::black);
+            label->setPalette(p);
             label->setAttribute(Qt::WA_TransparentForMouseEvents);
             label->show();
         }
@@ -143,11 +204,11 @@ void x2DGPort::PlaceLabels()
     endLabel->setText(QString::fromStdString(EndLabelText(true)));
     const int w = width() / 3;
     const int h = LabelStripHeight();
-    int bottom = height();
-    if (scrollBar->isVisible())
-        bottom = std::min(bottom, scrollBar->y());
-    startLabel->setGeometry(0, bottom - h, w, h);
-    endLabel->setGeometry(width() - w, bottom - h, w, h);
+    // In their strip under the paper, or over the paper's lower corners.
+    const x2DGRect& paper = Paper();
+    const int top = labelsAtBottom ? paper.bottom : paper.bottom - h;
+    startLabel->setGeometry(0, top, w, h);
+    endLabel->setGeometry(width() - w, top, w, h);
 }
 
 void x2DGPort::SetCrossHairCursor(bool crossHair)
@@ -159,10 +220,13 @@ void x2DGPort::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), Qt::white);
+    painter.setRenderHint(QPainter::Antialiasing);
     x2DGPainterSurface surface(painter);
     DrawContents(surface);
     if (readOutText.isEmpty())
         return;
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setFont(ReadOutFont());
     for (int i = 0; i < SeriesCount(); ++i) {
         const std::optional<x2DGRect>& box = Series(i)->readOutBox;
         if (!box)
@@ -178,8 +242,10 @@ void x2DGPort::paintEvent(QPaintEvent*)
 void x2DGPort::resizeEvent(QResizeEvent*)
 {
     // The first show delivers the size the port was built with; only a real
-    // change of the frame gives up the virtual size and the scale.
-    FollowDrawingFrame();
+    // change of the size gives up the virtual size and the scale.
+    const bool resized = size() != laidOutSize;
+    laidOutSize = size();
+    FollowDrawingFrame(resized);
 }
 
 void x2DGPort::showEvent(QShowEvent*)
@@ -198,7 +264,7 @@ void x2DGPort::ShowReadOut(const QPoint& at)
         return;
     HideReadOut();
     readOutText = QString::fromStdString(ReadOutText(at.x(), at.y()));
-    const QSize text = fontMetrics().size(0, readOutText);
+    const QSize text = QFontMetrics(ReadOutFont()).size(0, readOutText);
     const int w = text.width() + 20, h = text.height() + 20;
     owner->readOutBox = x2DGRect{at.x(), at.y() - 8 - h, at.x() + w, at.y() - 8};
     InvalidateRect(*owner->readOutBox);

@@ -2,9 +2,12 @@
 #define TOLVAD_WIDGETS_X2DGPORT_H
 
 // The plot area of a card: the graph arithmetic of x2DGPlot on a Qt widget.
-// It paints the zero line and its series from their pixel caches, shows the
-// end labels at its lower corners, a horizontal scroll bar when the plot is
-// wider than the frame, the mouse read-out box and the rubber band.
+// It paints the zero line and its series from their pixel caches, smoothed,
+// shows the end labels at its lower corners, a horizontal scroll bar when the
+// plot is wider than the frame, the mouse read-out box and the rubber band.
+// The frame lies a margin inside the paper, so that a curve at either end of
+// its range shows whole; the scroll bar and the label strip lie under the
+// paper, the bar lowest, and the labels are filled with the paper's white.
 
 #include "widgets/x2DGPlot.h"
 
@@ -27,6 +30,11 @@ public:
 
     // The font of the end labels of every port.
     static void SetLabelFont(const QFont& font);
+    // The room between the paper's edges and the frame: half a line of the
+    // application's font.
+    static int Margin();
+    // The read-out's font: the port's size in a font of fixed pitch.
+    QFont ReadOutFont() const;
 
     QLabel* startLabel = nullptr;
     QLabel* endLabel = nullptr;
@@ -51,11 +59,13 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
-    // The widget less the label strip when the labels take one.
-    x2DGRect DrawingFrame() const;
-    // Takes the drawing frame when it differs from the plot's; false when
-    // the frame stands as it was.
-    bool FollowDrawingFrame();
+    // The widget less the label strip and, while zoomed, the scroll bar.
+    x2DGRect PaperArea(bool zoomKept) const;
+    bool NeedsScrollBar() const;
+    // Takes the frame inside the paper when it differs from the plot's: a
+    // resize of the port starts the plot afresh, a strip coming or going
+    // keeps its scale. False when the frame stands as it was.
+    bool FollowDrawingFrame(bool resized);
     int LabelStripHeight() const;
     void PlaceLabels();
     void ShowReadOut(const QPoint& at);
@@ -64,6 +74,8 @@ private:
     QScrollBar* scrollBar = nullptr;
     QRubberBand* rubberBand = nullptr;
     QString readOutText;
+    bool following = false;
+    QSize laidOutSize;
 };
 
 #endif

@@ -13,11 +13,10 @@ void xChoiceEdWin::SetUpUserItem(int* index, const std::string& captionText)
 {
     value = index;
     caption = new QLabel(QString::fromStdString(captionText), this);
-    caption->setGeometry(10, clientTop + 8, width() - 20, 20);
     list = new QComboBox(this);
     for (const auto& choice : choices)
         list->addItem(QString::fromStdString(choice));
-    list->setGeometry(10, clientTop + 32, width() - 20, fieldHeight + 2);
+    PlaceCaptioned(caption, list);
     if (index && *index >= 0 && *index < list->count())
         list->setCurrentIndex(*index);
 }

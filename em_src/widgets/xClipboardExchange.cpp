@@ -3,26 +3,21 @@
 #include "gui/xPlatform.h"
 #include "numeric/FloatArray.h"
 #include "numeric/FloatMatrix.h"
+#include "numeric/xCNumber.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
 
 namespace {
 
 // A token is a number when it holds nothing but the characters of decimal or
-// scientific notation and reads to its end.
-bool ReadNumber(const std::string& token, double& value)
+// scientific notation, reads to its end with "." as the decimal point, and
+// fits a float.
+bool ReadNumber(const std::string& token, float& value)
 {
     if (token.find_first_not_of("0123456789+-.eE") != std::string::npos)
         return false;
-    const char* start = token.c_str();
-    char* end = nullptr;
-    errno = 0;
-    value = std::strtod(start, &end);
-    return end != start && *end == '\0';
+    const char* stop = nullptr;
+    return xCNumber::ReadFloat(token.c_str(), value, &stop) == xCNumber::kNumber && *stop == '\0';
 }
 
 } // namespace
@@ -54,13 +49,13 @@ int xClipboardExchange::ParseClipboardNumbers(const std::string& text, FloatArra
             PostNote("Exceeded maximum number of clipboard items.");
             return count;
         }
-        double value = 0.0;
+        float value = 0.0f;
         if (!ReadNumber(token, value)) {
             PostNote("%s%s", "Clipboard contains illegal character. ",
                      "Numbers only please (scientific notation OK).");
             return 0;
         }
-        numbers[numbers.Lower() + count] = static_cast<float>(value);
+        numbers[numbers.Lower() + count] = value;
         ++count;
         at = end == std::string::npos ? end : text.find_first_not_of(kDelimiters, end);
     }
@@ -98,11 +93,8 @@ std::string xClipboardExchange::TableText(const FloatMatrix& matrix)
     std::string text;
     text.reserve(static_cast<size_t>(matrix.Rows()) * matrix.Cols() * 15);
     for (int r = matrix.RowLower(); r <= matrix.RowUpper(); ++r) {
-        for (int c = matrix.ColLower(); c <= matrix.ColUpper(); ++c) {
-            char number[48];
-            int length = std::snprintf(number, sizeof number, " %10.7e", static_cast<double>(matrix.Row(r)[c]));
-            text.append(number, static_cast<size_t>(std::max(length, 0)));
-        }
+        for (int c = matrix.ColLower(); c <= matrix.ColUpper(); ++c)
+            text += xCNumber::Printf(" %10.7e", static_cast<double>(xCNumber::Finite(matrix.Row(r)[c])));
         text += '\n';
     }
     return text;

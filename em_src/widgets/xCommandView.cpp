@@ -1,5 +1,7 @@
 #include "widgets/xCommandView.h"
 
+#include <QEvent>
+
 xCommandView::xCommandView(QWidget* parent, long id) : QWidget(parent), viewId(id) {}
 
 void xCommandView::DoCommand(long command, void* data)
@@ -11,6 +13,13 @@ void xCommandView::DoCommand(long command, void* data)
     // Looked up at the time of sending, so a view may be reparented.
     if (xCommandTarget* above = TargetAbove(this))
         above->DoCommand(command, data);
+}
+
+void xCommandView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        Layout();
 }
 
 xCommandTarget* xCommandView::TargetAbove(const QWidget* widget)

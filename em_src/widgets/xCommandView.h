@@ -23,6 +23,12 @@ public:
     // Sends a command from a widget to the first link at or above it.
     static void Send(QWidget* from, long command, void* data);
 
+protected:
+    // Places the view's parts; runs again when the font or the style changes,
+    // since the sizes that follow them change too.
+    virtual void Layout() {}
+    void changeEvent(QEvent* event) override;
+
 private:
     long viewId;
 };

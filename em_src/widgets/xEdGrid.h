@@ -3,6 +3,8 @@
 
 #include "widgets/xCommandView.h"
 
+#include <QString>
+
 #include <string>
 #include <vector>
 
@@ -10,11 +12,15 @@ class FloatArray;
 class FloatMatrix;
 class QLabel;
 class QLineEdit;
+class xEditField;
 
 // A grid of a fixed number of rows and columns without scrolling, one text
 // field a cell, with optional row and column labels (labelStyle: 1 rows,
 // 2 columns, 3 both). Numbers of a million or more show as "%14.2f", others as
-// "%g"; cells read back with atof.
+// "%g", right-aligned; cells read back with atof, and a number no float holds
+// is refused with a note. The frame given is the least: cells widen to the
+// widest number of their formats and labels to their texts, and the grid grows
+// with them.
 class xEdGrid : public xCommandView {
 public:
     enum LabelStyle { kRowLabels = 1, kColumnLabels = 2 };
@@ -28,6 +34,7 @@ public:
     void SetTable(const FloatMatrix* table);
     // An empty format means formatDefault.
     void SetCell(int row, int column, float value, const std::string& format);
+    // The cell's number; 0 when it can't be read.
     float GetCell(int row, int column) const;
     // Read the cells into what overlaps; true if any number changed.
     bool GetTable(FloatMatrix& matrix) const;
@@ -45,16 +52,26 @@ public:
     std::string formatDefault = "%12.5g";
     int labelStyle;
 
+protected:
+    void Layout() override;
+
 private:
     static std::string TableText(float value);
+    // False, with a note and value untouched, for a number no float holds.
+    bool ReadCell(int row, int column, float& value) const;
+    // Keeps the widest text a format gives, for the width of the cells.
+    void NoteFormat(const std::string& format);
     void DrawRowLabels(const std::vector<std::string>& labels);
     void DrawColLabels(const std::vector<std::string>& labels);
 
     int rows;
     int columns;
-    std::vector<QLineEdit*> cells;
+    std::vector<xEditField*> cells;
     std::vector<QLabel*> rowLabels;
     std::vector<QLabel*> columnLabels;
+    QSize givenSize;
+    QString widestNumber;
+    bool laying = false;
 };
 
 #endif

@@ -37,42 +37,85 @@ xEditBox::xEditBox(QWidget* parent, const QRect& frame, int fieldWidth, float nu
 
 xEditBox::~xEditBox() = default;
 
+namespace {
+// The label's distance from the box's left edge and from the field.
+const int kLabelLeft = 4;
+const int kLabelGap = 4;
+} // namespace
+
 void xEditBox::Build(const QRect& frame, int fieldWidth, const std::string& labelText)
 {
-    setGeometry(frame);
-    if (fieldWidth <= 0)
-        fieldWidth = kDefaultFieldWidth;
+    move(frame.topLeft());
+    givenSize = frame.size();
+    givenFieldWidth = fieldWidth > 0 ? fieldWidth : kDefaultFieldWidth;
     field = new xEditField(this, kFocusIn, kFocusOut, kReturn);
-    field->setGeometry(frame.width() - fieldWidth, 0, fieldWidth, kFieldHeight);
     if (!labelText.empty()) {
         label = new QLabel(QString::fromStdString(labelText), this);
-        label->move(4, 4);
-        label->resize(std::max(0, frame.width() - fieldWidth - 8), kFieldHeight - 4);
+        label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     }
+    Layout();
 }
 
-void xEditBox::NarrowField(int by)
+QString xEditBox::WidestText() const
 {
-    if (field)
-        field->resize(std::max(0, field->width() - by), field->height());
+    if (type == kText)
+        return QString();
+    return QString::fromStdString(xNumberText::WidestText(FormatFor(type)));
+}
+
+void xEditBox::Layout()
+{
+    if (!field || laying)
+        return;
+    laying = true;
+    const int right = RightRoom();
+    const int fieldWidth = std::max(givenFieldWidth - right, type == kText ? 0 : field->WidthFor(WidestText()));
+    const int fieldHeight = field->HeightFor(kFieldHeight);
+    const int labelWidth = label ? label->sizeHint().width() : 0;
+    const int needed = (label ? kLabelLeft + labelWidth + kLabelGap : 0) + fieldWidth + right;
+    const int width = std::max(givenSize.width(), needed);
+    resize(width, std::max(givenSize.height(), fieldHeight));
+    field->setGeometry(width - right - fieldWidth, 0, fieldWidth, fieldHeight);
+    if (label) {
+        // The label's text stands on the baseline of the field's text.
+        const QFontMetrics metrics(label->font());
+        const int top = field->y() + field->TextBaseline() - metrics.ascent();
+        label->setGeometry(kLabelLeft, top, std::max(labelWidth, field->x() - kLabelGap - kLabelLeft),
+                           metrics.height());
+    }
+    laying = false;
+}
+
+void xEditBox::StretchTo(int width)
+{
+    if (width <= givenSize.width())
+        return;
+    givenSize.setWidth(width);
+    Layout();
 }
 
 void xEditBox::SetLabelFont(const QFont& font)
 {
-    if (label)
+    if (label) {
         label->setFont(font);
+        Layout();
+    }
 }
 
 void xEditBox::SetLabel(const std::string& text)
 {
-    if (label)
+    if (label) {
         label->setText(QString::fromStdString(text));
+        Layout();
+    }
 }
 
 void xEditBox::SetFieldFont(const QFont& font)
 {
-    if (field)
+    if (field) {
         field->setFont(font);
+        Layout();
+    }
 }
 
 std::string xEditBox::FieldText() const
@@ -101,8 +144,10 @@ void xEditBox::SetValue(long number, const std::string& fmt)
         PostNote("Attempt to set illegal value, xEditBox.");
         return;
     }
-    if (!fmt.empty())
+    if (!fmt.empty() && fmt != format) {
         format = fmt;
+        Layout();
+    }
     if (type == kLong)
         value->Keep(static_cast<int32_t>(number));
     else
@@ -116,8 +161,10 @@ void xEditBox::SetValue(float number, const std::string& fmt)
         PostNote("Attempt to set illegal value, xEditBox.");
         return;
     }
-    if (!fmt.empty())
+    if (!fmt.empty() && fmt != format) {
         format = fmt;
+        Layout();
+    }
     value->Keep(number);
     SetText(xNumberText::Format(FormatFor(type), number));
 }
@@ -155,15 +202,19 @@ void xEditBox::GetLong(long& number) const
     number = xNumberText::Atol(FieldText());
 }
 
-void xEditBox::GetFloat(float& number) const
+bool xEditBox::GetFloat(float& number) const
 {
     if (!field)
-        return;
+        return false;
     if (type != kLong && type != kFloat) {
         PostNote("Attempt to get float from illegal xEditBox.");
-        return;
+        return false;
     }
-    number = xNumberText::Atof(FieldText());
+    if (!xNumberText::ReadFloat(FieldText(), number)) {
+        PostNote("%s", xNumberText::kBeyondFloatNote);
+        return false;
+    }
+    return true;
 }
 
 void xEditBox::Enable(bool on)
@@ -184,9 +235,15 @@ void xEditBox::DoCommand(long command, void* data)
             if (type == kText) {
                 value->SetText(text);
             } else if (type == kFloat) {
-                float number = xNumberText::Atof(text);
-                if (number != value->Float())
+                float number = value->Float();
+                if (!xNumberText::ReadFloat(text, number)) {
+                    // Nothing is stored; the field shows again what is.
+                    PostNote("%s", xNumberText::kBeyondFloatNote);
+                    SetValue(value->Float());
+                    lastText = FieldText();
+                } else if (number != value->Float()) {
                     value->SetFloat(number);
+                }
             }
         }
         break;

@@ -14,10 +14,13 @@ class QLabel;
 class xEditField;
 
 // A labelled entry field for one text, long or float. The field stands at the
-// right edge of the frame, the label at the left. Getters convert the text as
-// it stands (atol/atof: rubbish reads as far as it is a number, else 0); a
-// getter or setter that doesn't fit the type says so with a note and leaves its
-// argument alone.
+// right edge of the frame, the label at the left on the baseline of the
+// field's text. The sizes given are the least: a number field is at least as
+// wide as the widest number of its format, the label shows whole, and the box
+// grows to the right and down to hold both. Getters convert the text as it
+// stands (atol/atof: rubbish reads as far as it is a number, else 0); a getter
+// or setter that doesn't fit the type says so with a note and leaves its
+// argument alone, and so does a float getter given a number no float holds.
 class xEditBox : public xCommandView {
 public:
     enum Type { kText = 0, kLong = 1, kFloat = 2 };
@@ -49,7 +52,11 @@ public:
     void GetText(std::string& text) const;
     void GetInt(int& value) const;
     void GetLong(long& value) const;
-    void GetFloat(float& value) const;
+    // False when the value was left alone.
+    bool GetFloat(float& value) const;
+
+    // Widens the box to at least this width, the field keeping to the right edge.
+    void StretchTo(int width);
 
     // The box's enabling; a box may refuse it.
     virtual void Enable(bool on);
@@ -63,13 +70,19 @@ public:
     const std::string& Format() const { return format; }
 
 protected:
-    // Shortens the field from the right, to make room beside it.
-    void NarrowField(int by);
+    // Room a derived box keeps at the right of the field, taken from the
+    // field width the caller gave.
+    virtual int RightRoom() const { return 0; }
+    // Places label and field, growing the box until both show whole; derived
+    // boxes place what they add at the right.
+    void Layout() override;
 
 private:
     void Build(const QRect& frame, int fieldWidth, const std::string& labelText);
     std::string FormatFor(int32_t ofType) const;
     std::string FieldText() const;
+    // The widest text the box's format gives, for the width of the field.
+    QString WidestText() const;
 
     int32_t type;
     QLabel* label = nullptr;
@@ -77,6 +90,9 @@ private:
     std::string lastText;
     std::unique_ptr<xEditValue> value;
     std::string format;
+    QSize givenSize;
+    int givenFieldWidth = kDefaultFieldWidth;
+    bool laying = false;
 };
 
 #endif

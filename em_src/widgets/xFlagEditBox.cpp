@@ -4,6 +4,8 @@
 
 #include <QCheckBox>
 
+#include <algorithm>
+
 xFlagEditBox::xFlagEditBox(QWidget* parent, const QRect& frame, int fieldWidth, long number,
                            const std::string& labelText, bool state, const std::string& fmt)
     : xEditBox(parent, frame, fieldWidth, number, labelText, fmt), checked(state)
@@ -18,20 +20,27 @@ xFlagEditBox::xFlagEditBox(QWidget* parent, const QRect& frame, int fieldWidth, 
     BuildFlag();
 }
 
+int xFlagEditBox::RightRoom() const
+{
+    return flagBox ? std::max(kFlagWidth, flagBox->sizeHint().width()) : 0;
+}
+
+void xFlagEditBox::Layout()
+{
+    xEditBox::Layout();
+    if (flagBox && Field())
+        flagBox->setGeometry(Field()->geometry().right() + 1, 0, RightRoom(), Field()->height());
+}
+
 void xFlagEditBox::BuildFlag()
 {
-    NarrowField(kFlagWidth);
+    // On the window's own grey, as the style paints it.
     flagBox = new QCheckBox(this);
-    if (Field())
-        flagBox->setGeometry(Field()->geometry().right() + 1, 0, kFlagWidth, kFieldHeight);
-    flagBox->setAutoFillBackground(true);
-    QPalette p = flagBox->palette();
-    p.setColor(QPalette::Window, QColor(192, 192, 192));
-    flagBox->setPalette(p);
     flagBox->setChecked(checked);
     // Only the user's clicks send commands; SetChecked sets the state quietly.
     QObject::connect(flagBox, &QCheckBox::clicked, this,
                      [this](bool on) { DoCommand(on ? kChecked : kCleared, flagBox); });
+    Layout();
 }
 
 void xFlagEditBox::SetChecked(bool state)
@@ -53,10 +62,8 @@ void xFlagEditBox::MakePermanentlyDisabled(bool state)
 {
     permanentlyDisabled = state;
     setEnabled(!state);
-    if (Field()) {
+    if (Field())
         Field()->setEnabled(!state);
-        Field()->SetBackground(!state);
-    }
     if (flagBox)
         flagBox->setEnabled(!state);
 }

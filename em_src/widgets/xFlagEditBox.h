@@ -7,9 +7,10 @@
 
 class QCheckBox;
 
-// An entry field with a check box at its right. Checking or clearing may write
-// a preset number into the field; the box can be switched off for good, so
-// that a later general enabling leaves it off.
+// An entry field with a check box at its right, taken from the field width
+// given. Checking or clearing may write a preset number into the field; the
+// box can be switched off for good, so that a later general enabling leaves it
+// off. Switched off for good it looks as any disabled box does.
 class xFlagEditBox : public xEditBox {
 public:
     enum Command { kChecked = 9984, kCleared = 9985, kCheckedEvent = 10028, kClearedEvent = 10029 };
@@ -33,6 +34,10 @@ public:
     void DoCommand(long command, void* data) override;
 
     QCheckBox* FlagBox() const { return flagBox; }
+
+protected:
+    int RightRoom() const override;
+    void Layout() override;
 
 private:
     void BuildFlag();

@@ -11,11 +11,11 @@ void xFloatEdWin::SetUpUserItem(float* number, const std::string& label)
 {
     value = number;
     box = new xEditBox(this, BoxFrame(), fieldWidth, number ? *number : 0.0f, label, format);
+    FitToContents();
 }
 
 bool xFloatEdWin::Accept()
 {
-    if (box && value)
-        box->GetFloat(*static_cast<float*>(value));
-    return true;
+    // A number no float holds keeps the window open.
+    return !box || !value || box->GetFloat(*static_cast<float*>(value));
 }

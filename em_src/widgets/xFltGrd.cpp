@@ -4,6 +4,7 @@
 #include "widgets/xDependentSeries.h"
 #include "widgets/xLineSeries.h"
 
+#include <QEvent>
 #include <QFrame>
 #include <QLabel>
 #include <QMouseEvent>
@@ -12,11 +13,13 @@ xFltGrd::xFltGrd(QWidget* parent, const QRect& frame, int rows, int columns, int
                  int capacityColumns)
     : xTxtGrd(parent, frame, rows, columns, false, false, nullptr), values(capacityRows, capacityColumns)
 {
+    // The edited cell is framed in the style's highlight, over its grid lines.
     editFrame = new QFrame(this);
-    editFrame->setFrameShape(QFrame::Box);
+    editFrame->setFrameStyle(QFrame::Box | QFrame::Plain);
     editFrame->setLineWidth(2);
     editFrame->setAttribute(Qt::WA_TransparentForMouseEvents);
     editFrame->setGeometry(QRect());
+    ColourEditFrame();
     WriteVisibleCells();
 }
 
@@ -46,9 +49,10 @@ void xFltGrd::GetTable(FloatMatrix& matrix) const
 void xFltGrd::SetTable(const FloatMatrix* data, bool redraw)
 {
     values.SetTable(data);
+    // The colours are those of the new table from its top.
+    scrollOrigin = QPoint(0, 0);
     recolour = true;
     Recolour();
-    scrollOrigin = QPoint(0, 0);
     SyncBars();
     WriteVisibleCells();
     // The edit starts again on the new numbers; what the field held belongs
@@ -82,8 +86,27 @@ void xFltGrd::SetCellText(const std::string& text, int row, int column)
 void xFltGrd::PlaceEditFrame()
 {
     QLabel* cell = Cell(editCell.row, editCell.column);
-    editFrame->setGeometry(cell ? cell->geometry() : QRect());
+    editFrame->setGeometry(cell && editCell.IsCell() ? cell->geometry().adjusted(-1, -1, 1, 1) : QRect());
     editFrame->raise();
+}
+
+void xFltGrd::CellsMoved()
+{
+    PlaceEditFrame();
+}
+
+void xFltGrd::ColourEditFrame()
+{
+    QPalette p = editFrame->palette();
+    p.setColor(QPalette::WindowText, palette().color(QPalette::Active, QPalette::Highlight));
+    editFrame->setPalette(p);
+}
+
+void xFltGrd::changeEvent(QEvent* event)
+{
+    xTxtGrd::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+        ColourEditFrame();
 }
 
 void xFltGrd::EndEdit()
@@ -93,7 +116,7 @@ void xFltGrd::EndEdit()
     endedCell = editCell;
     DoCommand(kEditEnds, &endedCell);
     editCell = xCellPlace();
-    editFrame->setGeometry(QRect());
+    PlaceEditFrame();
 }
 
 void xFltGrd::SetEditCell(int row, int column, bool notify)

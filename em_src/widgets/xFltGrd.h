@@ -20,7 +20,7 @@ struct xCellPlace {
 
 // The editing grid: it owns its numbers (growing, never shrinking), shows the
 // rows in use and the first empty row white and the rest grey, and keeps one
-// cell as the edited one, framed. The edit itself happens in a field of the
+// cell as the edited one, framed in the style's highlight. The edit itself happens in a field of the
 // view above, which the grid tells by command: 9441 when the edit of a cell
 // starts, 9442 when it ends, both with the cell's place as data; 9400 with the
 // grid when the rows in use change.
@@ -54,7 +54,7 @@ public:
     void SetCellText(const std::string& text, int row, int column) override;
     void ScrollTo(QPoint origin) override;
 
-    // The arrow, Tab, Return moves; false when it beeped.
+    // The moves of the keys; false when it beeped.
     bool Key(xGridCursor::Key key);
     // Repaint the backgrounds at the next cell write.
     void SetRecolour() { recolour = true; }
@@ -70,10 +70,13 @@ protected:
     int TableColumns() const override { return values.CapacityColumns(); }
     float TableValue(int row, int column) const override;
     void mousePressEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void CellsMoved() override;
 
 private:
     void Recolour();
     void PlaceEditFrame();
+    void ColourEditFrame();
 
     QFrame* editFrame;
     xCellPlace editCell;

@@ -87,6 +87,44 @@ bool xGridCursor::Move(Key key)
         else
             return false;
         return true;
+    case kPageUp:
+    case kPageDown: {
+        // The page turns with the cell, as far as the table lets it.
+        const int step = key == kPageDown ? visibleRows : -visibleRows;
+        const int target = originRow + row + step;
+        originRow = std::clamp(originRow + step, 0, MaxOriginRow());
+        JumpTo(target, originColumn + column);
+        return true;
+    }
+    case kHome:
+        JumpTo(originRow + row, 0);
+        return true;
+    case kEnd:
+        JumpTo(originRow + row, tableColumns - 1);
+        return true;
+    case kFirstCell:
+        JumpTo(0, 0);
+        return true;
+    case kLastCell:
+        JumpTo(tableRows - 1, tableColumns - 1);
+        return true;
     }
     return true;
+}
+
+void xGridCursor::JumpTo(int tableRow, int tableColumn)
+{
+    tableRow = std::clamp(tableRow, 0, std::max(tableRows - 1, 0));
+    tableColumn = std::clamp(tableColumn, 0, std::max(tableColumns - 1, 0));
+    if (tableRow < originRow)
+        originRow = tableRow;
+    else if (tableRow >= originRow + visibleRows)
+        originRow = tableRow - visibleRows + 1;
+    if (tableColumn < originColumn)
+        originColumn = tableColumn;
+    else if (tableColumn >= originColumn + visibleColumns)
+        originColumn = tableColumn - visibleColumns + 1;
+    originRow = std::clamp(originRow, 0, MaxOriginRow());
+    originColumn = std::clamp(originColumn, 0, MaxOriginColumn());
+    SetCell(tableRow - originRow, tableColumn - originColumn);
 }

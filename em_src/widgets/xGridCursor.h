@@ -3,11 +3,15 @@
 
 // Where the edited cell of a scrolling grid goes on a key: the origin (the
 // table's row and column in the top left cell) and the cell's visible place.
-// Keys that run into the edge of the visible cells scroll; at the edge of the
-// table they beep, except Right, which then stays.
+// The arrow keys step: running into the edge of the visible cells they
+// scroll; at the edge of the table they beep, except Right, which then stays.
+// The page and end keys jump as in a table view, scrolling as little as shows
+// the new cell, and stop quietly at the table's edges: a page up or down,
+// Home and End to the first and last column of the row, and with Control to
+// the first and last cell of the table.
 class xGridCursor {
 public:
-    enum Key { kRight, kLeft, kDown, kUp };
+    enum Key { kRight, kLeft, kDown, kUp, kPageUp, kPageDown, kHome, kEnd, kFirstCell, kLastCell };
 
     xGridCursor(int visibleRows, int visibleColumns);
 
@@ -30,6 +34,9 @@ public:
     int MaxOriginColumn() const;
 
 private:
+    // Goes to a cell of the table, scrolling only as far as shows it.
+    void JumpTo(int tableRow, int tableColumn);
+
     int visibleRows;
     int visibleColumns;
     int tableRows = 0;

@@ -3,14 +3,20 @@
 #include "gui/xPlatform.h"
 #include "widgets/xEditField.h"
 #include "widgets/xFltGrd.h"
+#include "widgets/xNumberText.h"
 
+#include <QEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QScrollBar>
 
 namespace {
+// The least sizes of the strip above the grid; they grow with the font.
 const int kStripHeight = 25;
+const int kLabelWidth = 60;
 const int kFieldWidth = 110;
+// The format of the edit field, whose widest text sets its width.
+const char* const kEditFormat = "%10.7e";
 } // namespace
 
 xGridEdView::xGridEdView(QWidget* card, const QRect& frame, int visibleRows, int visibleColumns,
@@ -19,21 +25,53 @@ xGridEdView::xGridEdView(QWidget* card, const QRect& frame, int visibleRows, int
 {
     setGeometry(frame);
     positionLabel = new QLabel(this);
-    positionLabel->setGeometry(2, 2, 60, kStripHeight - 4);
     editField = new xEditField(this, kFocusIn, kFocusOut, 0);
-    editField->setGeometry(64, 1, std::min(kFieldWidth, std::max(frame.width() - 66, 40)), kStripHeight - 2);
     editField->installEventFilter(this);
     grid = new xFltGrd(this, QRect(0, kStripHeight, frame.width(), std::max(frame.height() - kStripHeight, 20)),
                        visibleRows, visibleColumns, capacityRows, capacityColumns);
     grid->AddScrollBars();
     grid->installEventFilter(this);
     grid->SetActive(false);
+    Layout();
     if (table)
         grid->SetTable(table, false);
 }
 
+void xGridEdView::Layout()
+{
+    if (laying)
+        return;
+    laying = true;
+    // The label holds the largest position, the field the widest number.
+    const QString widestPosition =
+        QStringLiteral("%1,%2").arg(grid->Values().CapacityRows()).arg(grid->Values().CapacityColumns());
+    const int labelWidth =
+        std::max(kLabelWidth, positionLabel->fontMetrics().horizontalAdvance(widestPosition) + 4);
+    const int fieldWidth =
+        std::max(kFieldWidth, editField->WidthFor(QString::fromStdString(xNumberText::WidestText(kEditFormat))));
+    const int fieldHeight = editField->HeightFor(kStripHeight - 2);
+    const int strip = fieldHeight + 2;
+    positionLabel->setGeometry(2, 1, labelWidth, fieldHeight);
+    editField->setGeometry(labelWidth + 4, 1, fieldWidth, fieldHeight);
+    grid->setGeometry(0, strip, width(), std::max(height() - strip, 20));
+    // The grid may have grown to show its numbers; the view holds it.
+    const QSize least(std::max(editField->geometry().right() + 1, grid->width()), strip + grid->height());
+    setMinimumSize(least);
+    if (width() < least.width() || height() < least.height())
+        resize(std::max(width(), least.width()), std::max(height(), least.height()));
+    laying = false;
+}
+
+void xGridEdView::resizeEvent(QResizeEvent*)
+{
+    Layout();
+}
+
 void xGridEdView::SetTable(const FloatMatrix* table, bool redraw)
 {
+    // What the field held belongs to the old table: an edit that starts again
+    // on an empty cell of the new one must not store it there.
+    editField->clear();
     grid->SetTable(table, redraw);
 }
 
@@ -67,6 +105,7 @@ void xGridEdView::SetFont(const QFont& font)
     grid->SetCellFont(font);
     editField->setFont(font);
     positionLabel->setFont(font);
+    Layout();
 }
 
 void xGridEdView::Activate(bool on)
@@ -82,7 +121,10 @@ void xGridEdView::StartEdit(int row, int column)
 {
     QPoint origin = grid->ScrollOrigin();
     float value = grid->Values().Value(origin.y() + row, origin.x() + column);
-    editField->setText(QString::fromStdString(xGridValues::EditText(value)));
+    // An empty cell leaves the field as it was, so that Return takes a
+    // number on down a column.
+    if (value != NoValue)
+        editField->setText(QString::fromStdString(xGridValues::EditText(value)));
     editField->selectAll();
     positionLabel->setText(QStringLiteral("%1,%2").arg(origin.y() + row + 1).arg(origin.x() + column + 1));
 }
@@ -151,6 +193,7 @@ bool xGridEdView::eventFilter(QObject* watched, QEvent* event)
         return xCommandView::eventFilter(watched, event);
     auto* key = static_cast<QKeyEvent*>(event);
     bool control = key->modifiers() & Qt::ControlModifier;
+    bool shift = key->modifiers() & Qt::ShiftModifier;
     if (control && key->key() == Qt::Key_X) {
         PostNote("Row deletion not implemented yet.");
         return true;
@@ -159,23 +202,31 @@ bool xGridEdView::eventFilter(QObject* watched, QEvent* event)
         PostNote("Row insertion not implemented yet.");
         return true;
     }
+    xGridCursor::Key move;
     switch (key->key()) {
     case Qt::Key_Right:
-    case Qt::Key_Tab:
-        grid->Key(xGridCursor::kRight);
-        return true;
-    case Qt::Key_Left:
-        grid->Key(xGridCursor::kLeft);
-        return true;
+    case Qt::Key_Tab: move = xGridCursor::kRight; break;
+    case Qt::Key_Left: move = xGridCursor::kLeft; break;
     case Qt::Key_Down:
     case Qt::Key_Return:
-    case Qt::Key_Enter:
-        grid->Key(xGridCursor::kDown);
-        return true;
-    case Qt::Key_Up:
-        grid->Key(xGridCursor::kUp);
-        return true;
+    case Qt::Key_Enter: move = xGridCursor::kDown; break;
+    case Qt::Key_Up: move = xGridCursor::kUp; break;
+    case Qt::Key_PageUp: move = xGridCursor::kPageUp; break;
+    case Qt::Key_PageDown: move = xGridCursor::kPageDown; break;
+    // With Shift, Home and End select in the field's text, as in any text field.
+    case Qt::Key_Home:
+        if (shift)
+            return false;
+        move = control ? xGridCursor::kFirstCell : xGridCursor::kHome;
+        break;
+    case Qt::Key_End:
+        if (shift)
+            return false;
+        move = control ? xGridCursor::kLastCell : xGridCursor::kEnd;
+        break;
     default:
         return false;
     }
+    grid->Key(move);
+    return true;
 }

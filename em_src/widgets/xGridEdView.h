@@ -14,8 +14,8 @@ class xFltGrd;
 
 // The table control of the cards: a strip with the edited cell's position and
 // one edit field over an editing grid with scroll bars. Keys typed in the
-// field move the edit through the grid; an edit is stored in the grid when the
-// cell is left. Row count changes go on to the card as 9400 with the view as
+// field move the edit through the grid (the arrows, Tab, Return, the page
+// keys, Home and End); an edit is stored in the grid when the cell is left. Row count changes go on to the card as 9400 with the view as
 // data, scrolling as 3333.
 class xGridEdView : public xCommandView {
 public:
@@ -40,6 +40,9 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    // The strip sized to the font, the grid below it; the view grows to hold both.
+    void Layout() override;
 
 private:
     void StartEdit(int row, int column);
@@ -49,6 +52,7 @@ private:
     xFltGrd* grid;
     QLabel* positionLabel;
     xEditField* editField;
+    bool laying = false;
 };
 
 #endif

@@ -29,6 +29,7 @@ void xGridEdViewWin::SetUpUserItem(FloatMatrix* matrix)
     view = new xGridEdView(this, QRect(5, clientTop + 5, width() - 10, clientHeight - 5), visibleRows,
                            visibleColumns, rows, columns, matrix);
     view->SetId(kGridId);
+    FitToContents();
 }
 
 bool xGridEdViewWin::Accept()

@@ -1,5 +1,6 @@
 #include "widgets/xGridValues.h"
 
+#include "gui/xPlatform.h"
 #include "widgets/xDependentSeries.h"
 #include "widgets/xNumberText.h"
 
@@ -82,9 +83,13 @@ std::string xGridValues::EditText(float value)
     return value == NoValue ? std::string() : xNumberText::Format("%10.7e", value);
 }
 
-float xGridValues::ValueOfText(const std::string& text)
+bool xGridValues::ValueOfText(const std::string& text, float& value)
 {
-    return text.empty() ? NoValue : xNumberText::Atof(text);
+    if (text.empty()) {
+        value = NoValue;
+        return true;
+    }
+    return xNumberText::ReadFloat(text, value);
 }
 
 xGridValues::EditResult xGridValues::StoreEdit(int row, int column, const std::string& editText,
@@ -92,7 +97,12 @@ xGridValues::EditResult xGridValues::StoreEdit(int row, int column, const std::s
 {
     if (editText == cellText)
         return kUnchanged;
-    float value = ValueOfText(editText);
+    float value = 0.0f;
+    if (!ValueOfText(editText, value)) {
+        // Nothing is stored that no file could hold.
+        PostNote("%s", xNumberText::kBeyondFloatNote);
+        return kUnchanged;
+    }
     if (Value(row, column) == value)
         return kUnchanged;
     SetValue(row, column, value);

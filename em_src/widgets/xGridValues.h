@@ -42,12 +42,13 @@ public:
     // The texts of a cell in the grid and in the edit field.
     static std::string CellText(float value);
     static std::string EditText(float value);
-    // The number an edited text stands for: NoValue for an empty text, else atof.
-    static float ValueOfText(const std::string& text);
+    // The number an edited text stands for: NoValue for an empty text, else
+    // atof's number; false for a number beyond a float.
+    static bool ValueOfText(const std::string& text, float& value);
 
     // Stores the edit of a cell whose field now holds editText while the cell
     // shows cellText. A new count of rows in use (or a count of 0) is kept and
-    // handed to the series.
+    // handed to the series. A number beyond a float is refused with a note.
     EditResult StoreEdit(int row, int column, const std::string& editText, const std::string& cellText);
 
     // Whether a visible row is offered for typing (white) when the table's

@@ -11,6 +11,7 @@ void xLongEdWin::SetUpUserItem(long* number, const std::string& label)
 {
     value = number;
     box = new xEditBox(this, BoxFrame(), fieldWidth, number ? *number : 0L, label);
+    FitToContents();
 }
 
 bool xLongEdWin::Accept()

@@ -32,14 +32,18 @@ xModalEdWin::xModalEdWin(QWidget* parent, const std::string& title, QPoint centr
             centre = QPoint(w / 2, h / 2);
         }
     }
-    QRect frame = FrameAround(centre, width, height);
-    // Kept inside the screen with a margin on each side.
+    PlaceInsideScreen(FrameAround(centre, std::max(width, ButtonsWidth()),
+                                  std::max(height, ButtonRowHeight())));
+}
+
+void xModalEdWin::PlaceInsideScreen(QRect frame)
+{
     int screenWidth = 0, screenHeight = 0;
     Platform().ScreenSize(screenWidth, screenHeight);
     frame.moveLeft(std::max(kMargin, std::min(frame.left(), screenWidth - kMargin - frame.width())));
     frame.moveTop(std::max(kMargin, std::min(frame.top(), screenHeight - kMargin - frame.height())));
-    setGeometry(frame);
     setFixedSize(frame.size());
+    setGeometry(frame);
     PlaceButtons();
 }
 
@@ -48,17 +52,63 @@ QRect xModalEdWin::FrameAround(QPoint centre, int width, int height) const
     return QRect(centre.x() - width / 2, centre.y() - height / 2, width, height);
 }
 
+QSize xModalEdWin::ButtonSize(QPushButton* button) const
+{
+    const QSize natural = button->sizeHint();
+    return QSize(std::max(kButtonWidth, natural.width()), std::max(kButtonHeight, natural.height()));
+}
+
+int xModalEdWin::ButtonsWidth() const
+{
+    return 3 * kMargin + ButtonSize(cancelButton).width() + ButtonSize(okButton).width();
+}
+
+int xModalEdWin::ButtonRowHeight() const
+{
+    return std::max(kButtonRow, std::max(ButtonSize(okButton).height(), ButtonSize(cancelButton).height()) + 15);
+}
+
 void xModalEdWin::PlaceButtons()
 {
-    int top = height() - kButtonRow + 8;
-    cancelButton->setGeometry(10, top, 80, 25);
-    okButton->setGeometry(width() - 90, top, 80, 25);
-    clientHeight = std::max(height() - kButtonRow, 0);
+    const int row = ButtonRowHeight();
+    const QSize cancel = ButtonSize(cancelButton);
+    const QSize ok = ButtonSize(okButton);
+    cancelButton->setGeometry(kMargin, height() - row + 8, cancel.width(), cancel.height());
+    okButton->setGeometry(width() - kMargin - ok.width(), height() - row + 8, ok.width(), ok.height());
+    clientHeight = std::max(height() - row, 0);
+}
+
+void xModalEdWin::PlaceCaptioned(QWidget* caption, QWidget* control)
+{
+    const int across = width() - 2 * kMargin;
+    const QSize captionSize = caption->sizeHint();
+    caption->setGeometry(kMargin, clientTop + 8, std::max(across, captionSize.width()),
+                         std::max(20, captionSize.height()));
+    const QSize controlSize = control->sizeHint();
+    control->setGeometry(kMargin, caption->geometry().bottom() + 5, std::max(across, controlSize.width()),
+                         std::max(fieldHeight, controlSize.height()));
+    FitToContents();
+}
+
+void xModalEdWin::FitToContents()
+{
+    QRect used;
+    for (QWidget* child : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        if (child != okButton && child != cancelButton && !child->isHidden())
+            used |= child->geometry();
+    if (used.isNull())
+        return;
+    const int width = std::max({this->width(), ButtonsWidth(), used.right() + 1 + kMargin});
+    const int height = std::max(this->height(), used.bottom() + 1 + kMargin / 2 + ButtonRowHeight());
+    if (width == this->width() && height == this->height())
+        return;
+    PlaceInsideScreen(FrameAround(geometry().center(), width, height));
 }
 
 bool xModalEdWin::ResizeToFit(int width, int height)
 {
-    QRect frame = FrameAround(geometry().center(), width, height);
+    QRect frame = FrameAround(geometry().center(), std::max(width, ButtonsWidth()),
+                              std::max(height, ButtonRowHeight()));
     int screenWidth = 0, screenHeight = 0;
     Platform().ScreenSize(screenWidth, screenHeight);
     if (frame.left() < 0 || frame.top() < 0 || frame.right() >= screenWidth || frame.bottom() >= screenHeight)

@@ -13,14 +13,18 @@ class QPushButton;
 
 // The base of the modal editors: "OK" (command 1) at the right of the bottom
 // row and default, "Cancel" (command 2) at the left. The window is centred on
-// the caller's point and kept 10 pixels inside the screen. OK closes when
-// Accept agrees; Cancel sets the one flag the whole family shares, which the
-// caller reads after the run. Other commands go on to the parent.
+// the caller's point and kept 10 pixels inside the screen. Its size is the
+// least it has: it widens until both buttons show whole side by side, and
+// grows to hold what SetUpUserItem built. OK closes when Accept agrees; Cancel
+// sets the one flag the whole family shares, which the caller reads after the
+// run. Other commands go on to the parent.
 class xModalEdWin : public QDialog, public xCommandTarget {
 public:
     enum Command { kOk = 1, kCancel = 2 };
     static constexpr int kMargin = 10;
     static constexpr int kButtonRow = 40;
+    static constexpr int kButtonWidth = 80;
+    static constexpr int kButtonHeight = 25;
 
     // A null parent or a centre of (-1, -1) centres on the parent's window,
     // or on the screen.
@@ -53,6 +57,14 @@ protected:
     // Takes the edited value back; false keeps the window open.
     virtual bool Accept() { return true; }
     void reject() override;
+    // Grows the window until it holds every control built on it above the
+    // buttons, with a margin, and keeps it inside the screen.
+    void FitToContents();
+    // The height of the bottom row with the buttons.
+    int ButtonRowHeight() const;
+    // A caption over a control, both across the window and as large as their
+    // texts need, then the window grown to hold them.
+    void PlaceCaptioned(QWidget* caption, QWidget* control);
 
     // What is edited; not owned.
     void* value = nullptr;
@@ -60,6 +72,11 @@ protected:
 private:
     void PlaceButtons();
     QRect FrameAround(QPoint centre, int width, int height) const;
+    QSize ButtonSize(QPushButton* button) const;
+    // The least width that shows both buttons whole with margins between.
+    int ButtonsWidth() const;
+    // Takes the frame, moved so that it keeps the margin inside the screen.
+    void PlaceInsideScreen(QRect frame);
 
     QPushButton* okButton;
     QPushButton* cancelButton;

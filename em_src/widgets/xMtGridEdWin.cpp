@@ -26,6 +26,7 @@ void xMtGridEdWin::SetUpUserItem(FloatMatrix* matrix, const std::vector<std::str
     if (!columnLabels.empty())
         grid->SetColumnLabels(columnLabels);
     grid->SetTable(matrix);
+    FitToContents();
 }
 
 bool xMtGridEdWin::Accept()

@@ -38,14 +38,20 @@ xMultipleEditBox::xMultipleEditBox(QWidget* parent, const QRect& frame, const Lo
 void xMultipleEditBox::BuildItems(int gap, const Maker& make)
 {
     int top = 0;
+    int widest = width();
     for (int i = 1; i <= count; ++i) {
         xEditBox* item = make(QRect(0, top, width(), xEditBox::kFieldHeight), i);
         item->SetId(i);
         items.push_back(item);
-        top += xEditBox::kFieldHeight + gap;
+        // An item taller than a field height (a larger font) pushes the next down.
+        top += item->height() + gap;
+        widest = std::max(widest, item->width());
     }
+    // One column: the fields of all items end at the same right edge.
+    for (xEditBox* item : items)
+        item->StretchTo(widest);
     int bottom = items.empty() ? 0 : items.back()->geometry().bottom() + 1;
-    resize(width(), std::max(height(), bottom + 8));
+    resize(widest, std::max(height(), bottom + 8));
 }
 
 xEditBox* xMultipleEditBox::Item(int index) const
@@ -74,12 +80,14 @@ void xMultipleEditBox::SetValues(const LongArray& values, const std::string& fmt
     }
 }
 
-void xMultipleEditBox::GetValues(FloatArray& values) const
+bool xMultipleEditBox::GetValues(FloatArray& values) const
 {
     values.Resize(1, Top());
     values = 0.0f;
+    bool all = true;
     for (int i = 1; i <= count; ++i)
-        Item(i)->GetFloat(values[i]);
+        all = Item(i)->GetFloat(values[i]) && all;
+    return all;
 }
 
 LongArray xMultipleEditBox::GetLongValues() const

@@ -16,8 +16,9 @@ class xEditBox;
 
 // A column of labelled long or float fields, one per label, with ids 1 to
 // count, that exchanges whole arrays. Item i+1 stands a field height plus the
-// gap below item i; the box ends 8 pixels below the last item. Arrays handed
-// out have the bounds 1 to the larger of count and 1.
+// gap below item i; the box ends 8 pixels below the last item and is as wide
+// as its widest item, all fields ending at one right edge. Arrays handed out
+// have the bounds 1 to the larger of count and 1.
 class xMultipleEditBox : public xCommandView {
 public:
     xMultipleEditBox(QWidget* parent, const QRect& frame, const FloatArray& values,
@@ -33,7 +34,8 @@ public:
 
     void SetValues(const FloatArray& values, const std::string& format = std::string());
     void SetValues(const LongArray& values, const std::string& format = std::string());
-    void GetValues(FloatArray& values) const;
+    // False when an item held a number no float holds; its entry is then 0.
+    bool GetValues(FloatArray& values) const;
     // A long array can't be resized to one element, so it comes as a new one.
     LongArray GetLongValues() const;
     void SetFieldFonts(const QFont& font);

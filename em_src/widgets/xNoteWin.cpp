@@ -3,8 +3,8 @@
 #include "gui/xPlatform.h"
 
 #include <QCheckBox>
+#include <QDialogButtonBox>
 #include <QEventLoop>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
@@ -26,26 +26,32 @@ xNoteWin::xNoteWin(const char* text, int height, const char* const buttons[3], b
     textArea->setWordWrap(true);
     textArea->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     column->addWidget(textArea, 1);
-    auto* row = new QHBoxLayout;
+    // The buttons in their natural sizes, in the order given; the first is
+    // the default, so that Return takes it.
+    auto* row = new QDialogButtonBox(Qt::Horizontal, this);
+    QPushButton* first = nullptr;
     for (int i = 0; i < 3; ++i) {
         if (!buttons[i])
             continue;
-        auto* button = new QPushButton(QString::fromLocal8Bit(buttons[i]), this);
-        button->setAutoDefault(false);
+        QPushButton* button = row->addButton(QString::fromLocal8Bit(buttons[i]), QDialogButtonBox::ActionRole);
         QObject::connect(button, &QPushButton::clicked, this, [this, i] { Press(i); });
-        row->addWidget(button);
+        if (!first)
+            first = button;
     }
-    column->addLayout(row);
+    if (first)
+        first->setDefault(true);
+    column->addWidget(row);
     if (skipFlag) {
         skipBox = new QCheckBox(QStringLiteral("Skip all"), this);
         skipBox->setChecked(*skipFlag);
         column->addWidget(skipBox);
     }
-    // Fixed width; the height grows when the broken text needs more room.
-    setFixedWidth(kWidth);
-    setMinimumHeight(height);
-    adjustSize();
-    resize(kWidth, std::max(height, sizeHint().height()));
+    // At least the given size; taller when the broken text needs more room,
+    // wider only when the buttons do.
+    setMinimumSize(kWidth, height);
+    const int width = std::max(kWidth, column->minimumSize().width());
+    resize(width, std::max(height, column->hasHeightForWidth() ? column->totalHeightForWidth(width)
+                                                                 : sizeHint().height()));
     CentreOnScreen();
 }
 

@@ -1,11 +1,10 @@
 #include "widgets/xNumberText.h"
 
+#include "numeric/xCNumber.h"
+
 #include <cctype>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <limits>
-#include <vector>
 
 namespace {
 
@@ -13,7 +12,7 @@ enum class Conversion { None, Integer, Floating };
 
 // Finds the one conversion of a printf format and rewrites it so that it can
 // be handed the value safely: integers with "l", floats without a length.
-Conversion Inspect(const std::string& format, std::string& safe)
+Conversion Inspect(const std::string& format, std::string& safe, char* letter = nullptr)
 {
     safe.clear();
     Conversion found = Conversion::None;
@@ -56,6 +55,8 @@ Conversion Inspect(const std::string& format, std::string& safe)
         }
         spec += kind;
         safe += spec;
+        if (letter)
+            *letter = kind;
         i = j;
     }
     return found;
@@ -63,47 +64,39 @@ Conversion Inspect(const std::string& format, std::string& safe)
 
 std::string Printf(const std::string& format, Conversion kind, double value)
 {
+    if (kind != Conversion::Integer)
+        return xCNumber::Printf(format.c_str(), value);
     long asLong = 0;
-    if (kind == Conversion::Integer) {
-        if (std::isnan(value))
-            asLong = 0;
-        else if (value >= static_cast<double>(std::numeric_limits<long>::max()))
-            asLong = std::numeric_limits<long>::max();
-        else if (value <= static_cast<double>(std::numeric_limits<long>::min()))
-            asLong = std::numeric_limits<long>::min();
-        else
-            asLong = static_cast<long>(value);
-    }
-    char small[64];
-    int length = kind == Conversion::Integer ? std::snprintf(small, sizeof small, format.c_str(), asLong)
-                                             : std::snprintf(small, sizeof small, format.c_str(), value);
-    if (length < 0)
-        return std::string();
-    if (static_cast<size_t>(length) < sizeof small)
-        return std::string(small, static_cast<size_t>(length));
-    std::vector<char> big(static_cast<size_t>(length) + 1);
-    if (kind == Conversion::Integer)
-        std::snprintf(big.data(), big.size(), format.c_str(), asLong);
+    if (std::isnan(value))
+        asLong = 0;
+    else if (value >= static_cast<double>(std::numeric_limits<long>::max()))
+        asLong = std::numeric_limits<long>::max();
+    else if (value <= static_cast<double>(std::numeric_limits<long>::min()))
+        asLong = std::numeric_limits<long>::min();
     else
-        std::snprintf(big.data(), big.size(), format.c_str(), value);
-    return std::string(big.data(), static_cast<size_t>(length));
+        asLong = static_cast<long>(value);
+    return xCNumber::Printf(format.c_str(), asLong);
 }
 
 } // namespace
 
+const char* const xNumberText::kBeyondFloatNote = "Value can't be converted to float.";
+
 int32_t xNumberText::Atol(const std::string& text)
 {
-    long long value = std::strtoll(text.c_str(), nullptr, 10);
-    if (value > std::numeric_limits<int32_t>::max())
-        return std::numeric_limits<int32_t>::max();
-    if (value < std::numeric_limits<int32_t>::min())
-        return std::numeric_limits<int32_t>::min();
-    return static_cast<int32_t>(value);
+    return xCNumber::ReadLong(text.c_str());
 }
 
 float xNumberText::Atof(const std::string& text)
 {
-    return static_cast<float>(std::strtod(text.c_str(), nullptr));
+    float value = 0.0f;
+    xCNumber::ReadFloat(text.c_str(), value);
+    return value;
+}
+
+bool xNumberText::ReadFloat(const std::string& text, float& value)
+{
+    return xCNumber::ReadFloat(text.c_str(), value) != xCNumber::kBeyondFloat;
 }
 
 std::string xNumberText::Format(const std::string& format, double value)
@@ -122,6 +115,24 @@ std::string xNumberText::FormatLong(const std::string& format, long value)
     if (kind == Conversion::None)
         return Printf("%ld", Conversion::Integer, static_cast<double>(value));
     return Printf(safe, kind, static_cast<double>(value));
+}
+
+std::string xNumberText::WidestText(const std::string& format)
+{
+    std::string safe;
+    char letter = 'g';
+    Conversion kind = Inspect(format, safe, &letter);
+    if (kind == Conversion::Integer)
+        return FormatLong(format, std::numeric_limits<int32_t>::min());
+    if (kind == Conversion::None) {
+        safe = "%g";
+        letter = 'g';
+    }
+    if (letter == 'f' || letter == 'F')
+        return Printf(safe, Conversion::Floating, -8888888.8888888);
+    std::string large = Printf(safe, Conversion::Floating, -8.8888888888e+38);
+    std::string small = Printf(safe, Conversion::Floating, -8.8888888888e-38);
+    return large.size() >= small.size() ? large : small;
 }
 
 std::string xNumberText::Strip(const std::string& text)

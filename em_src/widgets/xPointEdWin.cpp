@@ -25,6 +25,7 @@ void xPointEdWin::BuildColumn(float* point, bool withChecks)
     }
     column = new xMultipleBEditBox(this, QRect(10, clientTop + 5, width() - 20, clientHeight - 5), values,
                                    {"x", "y", "z"}, checks, fieldWidth, static_cast<int>(itemGap), format);
+    FitToContents();
 }
 
 void xPointEdWin::SetUpUserItem(float* point)
@@ -37,9 +38,11 @@ bool xPointEdWin::Accept()
     auto* point = static_cast<float*>(value);
     if (!point || !column)
         return true;
-    point[0] = point[1] = point[2] = 0.0f;
+    // A number no float holds keeps the window open and the point as it was.
     FloatArray values;
-    column->GetValues(values);
+    if (!column->GetValues(values))
+        return false;
+    point[0] = point[1] = point[2] = 0.0f;
     for (int i = 0; i < 3 && values.InRange(i + 1); ++i)
         point[i] = values[i + 1];
     return true;

@@ -12,9 +12,8 @@ void xTextEdWin::SetUpUserItem(std::string* text, const std::string& captionText
 {
     value = text;
     caption = new QLabel(QString::fromStdString(captionText), this);
-    caption->setGeometry(10, clientTop + 8, width() - 20, 20);
     field = new QLineEdit(QString::fromStdString(text ? *text : std::string()), this);
-    field->setGeometry(10, clientTop + 32, width() - 20, fieldHeight);
+    PlaceCaptioned(caption, field);
     field->selectAll();
     field->setFocus();
 }

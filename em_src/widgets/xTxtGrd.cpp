@@ -3,15 +3,31 @@
 #include "gui/xPlatform.h"
 #include "numeric/FloatMatrix.h"
 #include "widgets/xGridValues.h"
+#include "widgets/xNumberText.h"
 
+#include <QApplication>
 #include <QLabel>
+#include <QPainter>
 #include <QScrollBar>
+#include <QStyle>
+#include <QStyleOption>
+#include <QWheelEvent>
 
 #include <algorithm>
 
 namespace {
+
+// The least height of the column labels; they grow with the font.
 const int kLabelHeight = 18;
-const int kBarSize = 16;
+// The format of a cell's number, whose widest text sets the least cell width.
+const char* const kCellFormat = "%5.2e";
+
+// Room between a cell's text and its lines.
+int CellIndent(const QFontMetrics& metrics)
+{
+    return metrics.horizontalAdvance(QLatin1Char('x')) / 2 + 1;
+}
+
 } // namespace
 
 xTxtGrd::xTxtGrd(QWidget* parent, const QRect& frame, int rows, int columns, bool wantColumns,
@@ -23,8 +39,8 @@ xTxtGrd::xTxtGrd(QWidget* parent, const QRect& frame, int rows, int columns, boo
     cells.reserve(static_cast<size_t>(visibleRows) * visibleColumns);
     for (int i = 0; i < visibleRows * visibleColumns; ++i) {
         auto* cell = new QLabel(this);
-        cell->setFrameShape(QFrame::Box);
         cell->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        cell->setIndent(CellIndent(cell->fontMetrics()));
         cell->setAutoFillBackground(true);
         cell->setAttribute(Qt::WA_TransparentForMouseEvents);
         cells.push_back(cell);
@@ -41,22 +57,95 @@ xTxtGrd::~xTxtGrd()
     DeleteLabels();
 }
 
+QSize xTxtGrd::LeastSize() const
+{
+    const QFontMetrics metrics(cells.front()->font());
+    const QString widest = QString::fromStdString(xNumberText::WidestText(kCellFormat));
+    // Each cell with its one line: the text whole, its indent on both sides.
+    const int cellWidth = metrics.horizontalAdvance(widest) + 2 * CellIndent(metrics) + 1;
+    const int cellHeight = metrics.height() + 2 + 1;
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    const bool vertical = verticalBar && !verticalBar->isHidden();
+    const bool horizontal = horizontalBar && !horizontalBar->isHidden();
+    int top = 0;
+    if (wantColumnLabels)
+        top = std::max(kLabelHeight, metrics.height() + 4);
+    return QSize(visibleColumns * cellWidth + 1 + (vertical ? bar : 0),
+                 top + visibleRows * cellHeight + 1 + (horizontal ? bar : 0));
+}
+
 void xTxtGrd::Layout()
 {
-    int top = wantColumnLabels ? kLabelHeight : 0;
-    int cellWidth = std::max(1, (width() - (verticalBar ? kBarSize : 0)) / visibleColumns);
-    int cellHeight = std::max(1, (height() - top - (horizontalBar ? kBarSize : 0)) / visibleRows);
+    if (laying)
+        return;
+    laying = true;
+    const QSize least = LeastSize();
+    setMinimumSize(least);
+    if (width() < least.width() || height() < least.height())
+        resize(std::max(width(), least.width()), std::max(height(), least.height()));
+    const QFontMetrics metrics(cells.front()->font());
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    const bool vertical = verticalBar && !verticalBar->isHidden();
+    const bool horizontal = horizontalBar && !horizontalBar->isHidden();
+    const int top = wantColumnLabels ? std::max(kLabelHeight, metrics.height() + 4) : 0;
+    // Cells a pitch apart, the line between them the grid's own background.
+    const int pitchWidth = std::max(2, (width() - (vertical ? bar : 0) - 1) / visibleColumns);
+    const int pitchHeight = std::max(2, (height() - top - (horizontal ? bar : 0) - 1) / visibleRows);
+    cellArea = QRect(0, top, pitchWidth * visibleColumns + 1, pitchHeight * visibleRows + 1);
     for (int r = 0; r < visibleRows; ++r)
-        for (int c = 0; c < visibleColumns; ++c)
-            Cell(r, c)->setGeometry(c * cellWidth, top + r * cellHeight, cellWidth, cellHeight);
+        for (int c = 0; c < visibleColumns; ++c) {
+            QLabel* cell = Cell(r, c);
+            cell->setIndent(CellIndent(metrics));
+            cell->setGeometry(c * pitchWidth + 1, top + r * pitchHeight + 1, pitchWidth - 1, pitchHeight - 1);
+        }
     for (size_t c = 0; c < columnLabels.size(); ++c)
-        columnLabels[c]->setGeometry(static_cast<int>(c) * cellWidth, 0, cellWidth, kLabelHeight);
-    int gridWidth = cellWidth * visibleColumns;
-    int gridBottom = top + cellHeight * visibleRows;
+        columnLabels[c]->setGeometry(static_cast<int>(c) * pitchWidth, 0, pitchWidth, top);
     if (verticalBar)
-        verticalBar->setGeometry(gridWidth, top, kBarSize, gridBottom - top);
+        verticalBar->setGeometry(cellArea.right() + 1, top, bar, cellArea.height());
     if (horizontalBar)
-        horizontalBar->setGeometry(0, gridBottom, gridWidth, kBarSize);
+        horizontalBar->setGeometry(0, cellArea.bottom() + 1, cellArea.width(), bar);
+    laying = false;
+    CellsMoved();
+    update();
+}
+
+void xTxtGrd::paintEvent(QPaintEvent*)
+{
+    // The cells cover all but the lines between them.
+    QPainter painter(this);
+    QStyleOption option;
+    option.initFrom(this);
+    painter.fillRect(cellArea, QColor::fromRgba(static_cast<QRgb>(
+                                   style()->styleHint(QStyle::SH_Table_GridLineColor, &option, this))));
+}
+
+void xTxtGrd::resizeEvent(QResizeEvent*)
+{
+    Layout();
+}
+
+void xTxtGrd::wheelEvent(QWheelEvent* event)
+{
+    // A notch of the wheel scrolls as many rows as the desktop says, as a
+    // table view does; sideways, or with Alt, it scrolls columns.
+    const QPoint delta = event->angleDelta();
+    const bool across = (delta.x() != 0 && delta.y() == 0) || (event->modifiers() & Qt::AltModifier);
+    wheelRemainder += across ? (delta.x() != 0 ? delta.x() : delta.y()) : delta.y();
+    const int notches = wheelRemainder / 120;
+    wheelRemainder -= notches * 120;
+    const int lines = notches * QApplication::wheelScrollLines();
+    const QPoint before = scrollOrigin;
+    QPoint origin = scrollOrigin;
+    if (across)
+        origin.rx() -= lines;
+    else
+        origin.ry() -= lines;
+    if (lines != 0) {
+        ScrollTo(origin);
+        SyncBars();
+    }
+    // At the table's edge the wheel goes on to what holds the grid.
+    event->setAccepted(notches == 0 || scrollOrigin != before);
 }
 
 QLabel* xTxtGrd::Cell(int row, int column) const
@@ -94,6 +183,9 @@ void xTxtGrd::SetCellFont(const QFont& font)
 {
     for (QLabel* cell : cells)
         cell->setFont(font);
+    for (QLabel* label : columnLabels)
+        label->setFont(font);
+    Layout();
 }
 
 int xTxtGrd::TableRows() const
@@ -200,14 +292,29 @@ void xTxtGrd::AddScrollBars()
             default: break;
             }
         });
-        bar->show();
     }
     SyncBars();
     Layout();
 }
 
+bool xTxtGrd::ShowNeededBars()
+{
+    bool changed = false;
+    const std::pair<QScrollBar*, bool> bars[] = {{horizontalBar, TableColumns() > visibleColumns},
+                                                 {verticalBar, TableRows() > visibleRows}};
+    for (auto [bar, needed] : bars) {
+        if (bar && bar->isHidden() == needed) {
+            bar->setVisible(needed);
+            changed = true;
+        }
+    }
+    return changed;
+}
+
 void xTxtGrd::SyncBars()
 {
+    if (ShowNeededBars())
+        Layout();
     if (horizontalBar) {
         horizontalBar->blockSignals(true);
         horizontalBar->setRange(0, std::max(TableColumns() - visibleColumns, 0));

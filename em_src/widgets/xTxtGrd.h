@@ -16,6 +16,11 @@ class QScrollBar;
 // cells: only the visible cells exist as controls, and scrolling rewrites
 // them. scrollOrigin holds the table's column (x) and row (y) shown in the top
 // left cell; each change of it is sent up as command 3333 with the origin.
+// Cells are parted by one line of the style's grid colour, numbers stand
+// right-aligned, a scroll bar shows only while the table passes the visible
+// cells on its axis, and the mouse wheel scrolls. Sizes of labels and bars
+// come from the font and the style; the frame given is the least, widened
+// until a cell shows its widest number whole.
 class xTxtGrd : public xCommandView {
 public:
     enum Command { kScrolled = 3333 };
@@ -47,6 +52,10 @@ public:
     void SetCellFont(const QFont& font);
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
     // The table's size and numbers as the grid shows them.
     virtual int TableRows() const;
     virtual int TableColumns() const;
@@ -56,14 +65,23 @@ protected:
     void SetCellBackground(int row, int column, const QColor& colour);
     // The visible cell under a point of the grid, false when none.
     bool CellAt(const QPoint& point, int& row, int& column) const;
-    // Sets the bars' ranges and positions from the table and the origin.
+    // Sets the bars' ranges and positions from the table and the origin, and
+    // shows those that are needed.
     void SyncBars();
+    // The cells have moved or changed size.
+    virtual void CellsMoved() {}
+
+    // Sizes the cells to the frame, and the frame to the cells' numbers.
+    void Layout() override;
 
     FloatMatrix* table;
     QPoint scrollOrigin;
 
 private:
-    void Layout();
+    // The least size that shows every cell's widest number and the labels whole.
+    QSize LeastSize() const;
+    // Shows each bar while its axis has more than the visible cells.
+    bool ShowNeededBars();
     void BuildLabels();
     void ScrollLabels();
     void DeleteLabels();
@@ -76,6 +94,11 @@ private:
     QScrollBar* verticalBar = nullptr;
     std::vector<QLabel*> columnLabels;
     std::vector<QLabel*> cells;
+    // The area of the cells, with the lines between them.
+    QRect cellArea;
+    // What the wheel turned that didn't make a whole row yet.
+    int wheelRemainder = 0;
+    bool laying = false;
 };
 
 #endif

@@ -39,19 +39,18 @@ void xVectorEdWin::SetUpUserItem(FloatArray* values, const std::vector<std::stri
             start = end + 1;
         }
     }
-    int rows = static_cast<int>(labels.size());
-    int columnHeight = rows * (xEditBox::kFieldHeight + static_cast<int>(itemGap)) + 8;
+    // The prompt widens the window to its widest line and adds its height.
     int newWidth = std::max(width(), widest + 10);
-    // The prompt adds its own height to a window that holds the column.
-    int newHeight = std::max(height(), 10 + columnHeight + kButtonRow) + textHeight;
+    int newHeight = height() + textHeight;
     if (newWidth != width() || newHeight != height())
         ResizeToFit(newWidth, newHeight);
     clientTop = textHeight;
+    int rows = static_cast<int>(labels.size());
     LongArray checks(1, std::max(rows, 1));
     checks = 0;
-    column = new xMultipleBEditBox(this, QRect(10, clientTop + 5, width() - 20, columnHeight),
-                                   values ? *values : FloatArray(), labels, checks, fieldWidth,
-                                   static_cast<int>(itemGap), format);
+    column = new xMultipleBEditBox(this, QRect(10, clientTop + 5, width() - 20, 0), values ? *values : FloatArray(),
+                                   labels, checks, fieldWidth, static_cast<int>(itemGap), format);
+    FitToContents();
 }
 
 bool xVectorEdWin::Accept()
@@ -60,7 +59,8 @@ bool xVectorEdWin::Accept()
     if (!values || !column)
         return true;
     FloatArray typed;
-    column->GetValues(typed);
+    if (!column->GetValues(typed))
+        return false;
     for (int i = 1; i <= column->Count(); ++i) {
         int at = values->Lower() + i - 1;
         if (values->InRange(at))

@@ -8,6 +8,8 @@
 #include <regex>
 
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -113,7 +115,7 @@ TEST_F(IniSettingsTest, ValuesSurviveWritingAndReading)
     platform.AllowProgram("tool");
     ini->RunDynamicControl("run");
     ini->RunDynamicControl("Run");
-    EXPECT_EQ(platform.startedPrograms, std::vector<std::string>{"tool -x"});
+    EXPECT_EQ(platform.startedPrograms, (std::vector<std::vector<std::string>>{{"tool", "-x"}}));
 
     // Order 3 has no name and is written empty; a style out of range as BOLD.
     ini->linesOrder = 3;
@@ -153,6 +155,17 @@ TEST_F(IniSettingsTest, ValueRules)
     EXPECT_TRUE(iniSettings->inspectAmplitudes);
     EXPECT_EQ(iniSettings->amplitudeDeviation, 0.0f);
     EXPECT_EQ(iniSettings->extraTaus, -3);
+
+    // A number no float holds can't be read: the key's warning, and the
+    // value as it was.
+    text = Edited("level=10", "level=1e39", Edited("Font Size=10", "Font Size=1e39"));
+    Open(Edited("taus=2", "taus=-1e400", text));
+    EXPECT_EQ(Errors(), (std::vector<std::string>{Incorrect("[CDI]", "Acceptable amplitude scale deviation level="),
+                                                  Incorrect("[Font]", "Font Size="),
+                                                  Incorrect("[APPROX]", "Number_of_extra_taus=")}));
+    EXPECT_EQ(iniSettings->amplitudeDeviation, 10.0f);
+    EXPECT_EQ(iniSettings->font.size, 10);
+    EXPECT_EQ(iniSettings->extraTaus, 2);
 
     // Keys are found anywhere in their line, but the value is cut by the
     // key's length from the line's start. A blank title leaves the command unread.
@@ -203,9 +216,9 @@ TEST_F(IniSettingsTest, ProjectList)
     Open(Edited("[PROJECTS]\n", "[PROJECTS]\n" + list));
     EXPECT_EQ(Errors(), std::vector<std::string>{Incorrect("[PROJECTS]", "Project#=")});
     EXPECT_EQ(iniSettings->projects.size(), 9u);
+    // The first AddProject leaves five, also when the path was in the list.
     AddProject("p9");
-    EXPECT_EQ(iniSettings->projects.size(), 9u);
-    EXPECT_EQ(iniSettings->projects.front(), "p9");
+    EXPECT_EQ(iniSettings->projects, (std::vector<std::string>{"p9", "p1", "p2", "p3", "p4"}));
 
     iniSettings->projects.clear();
     for (const char* path : {"a", "b", "c", "d", "e", "c", "f"})
@@ -270,21 +283,70 @@ TEST_F(IniSettingsTest, JunkAndHugeFilesGiveWarningsAndDefaults)
     EXPECT_EQ(iniSettings->font.size, 8);
 }
 
-TEST_F(IniSettingsTest, AFailedWriteKeepsTheOldFile)
+TEST_F(IniSettingsTest, AFailedWriteKeepsTheOldFileAndSaysSo)
 {
+    const std::string path = platform.Path("Varnel.INI");
     platform.Put("Varnel.INI", "old");
-    ::chmod(platform.Path("Varnel.INI").c_str(), 0444);
+    ::chmod(path.c_str(), 0444);
     CreateIni();
+    platform.Clear();
     DestroyIni();
     EXPECT_EQ(platform.Get("Varnel.INI"), "old");
+    EXPECT_EQ(platform.Texts(xPlatform::kWarning),
+              std::vector<std::string>{"Settings not saved: " + path + " (read-only file)."});
 
-    // A directory in the file's place: the rename fails, nothing is left behind.
-    std::filesystem::remove(platform.Path("Varnel.INI"));
+    // A directory in the file's place: nothing is left behind, and a warning.
+    std::filesystem::remove(path);
     std::filesystem::create_directories(platform.Path("Varnel.INI/keep"));
     CreateIni();
+    platform.Clear();
     DestroyIni();
     EXPECT_TRUE(std::filesystem::is_directory(platform.Path("Varnel.INI/keep")));
     EXPECT_EQ(FilesInStartup(), 1);
+    EXPECT_EQ(platform.Texts(xPlatform::kWarning),
+              std::vector<std::string>{"Settings not saved: " + path + " (is a directory)."});
+}
+
+TEST_F(IniSettingsTest, SavingWritesThroughALinkAndInPlaceInAClosedFolder)
+{
+    // A link named Varnel.INI stays a link; the file it leads to is rewritten.
+    std::filesystem::create_directory(platform.Path("shared"));
+    platform.Put("shared/suite.ini", Edited("Font Size=10", "Font Size=8"));
+    std::filesystem::create_symlink("shared/suite.ini", platform.Path("Varnel.INI"));
+    CreateIni();
+    EXPECT_EQ(iniSettings->font.size, 8);
+    iniSettings->font.size = 10;
+    DestroyIni();
+    EXPECT_TRUE(std::filesystem::is_symlink(platform.Path("Varnel.INI")));
+    EXPECT_EQ(platform.Get("shared/suite.ini"), kDefaultFile);
+    EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
+
+    // A folder that takes no new file: the writable file is written in place.
+    // Folder permissions don't stop the superuser, so the child is nobody.
+    std::filesystem::remove(platform.Path("Varnel.INI"));
+    platform.Put("Varnel.INI", Edited("[PROJECTS]\n", "[PROJECTS]\nProject1=/" + std::string(500, 'p') + "\n"));
+    pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        const uid_t nobody = 65534;
+        if (::geteuid() == 0 &&
+            (::chown(platform.directory.c_str(), nobody, nobody) != 0 ||
+             ::chown(platform.Path("Varnel.INI").c_str(), nobody, nobody) != 0 || ::setgid(nobody) != 0 ||
+             ::setuid(nobody) != 0))
+            ::_exit(3);
+        ::chmod(platform.directory.c_str(), 0555);
+        CreateIni();
+        iniSettings->projects.clear();   // the new text is shorter than the old
+        DestroyIni();
+        bool written = platform.Get("Varnel.INI") == kDefaultFile && platform.messages.empty();
+        ::chmod(platform.directory.c_str(), 0755);
+        ::_exit(written ? 0 : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_EQ(platform.Get("Varnel.INI"), kDefaultFile);
 }
 
 } // namespace

@@ -35,9 +35,28 @@ TEST(ModuleLauncherTest, AMissingModuleIsAskedForOnce)
               "Module Selection*.EXE");
     EXPECT_EQ(editorName, "/opt/varnel/Editor.exe ");
     EXPECT_EQ(platform.startedPrograms,
-              (std::vector<std::string>{"other.exe a.DSC", "/opt/varnel/Editor.exe"}));
+              (std::vector<std::vector<std::string>>{{"other.exe", "a.DSC"}, {"/opt/varnel/Editor.exe"}}));
     EXPECT_EQ(platform.questions.size(), 1u);
     EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
+    editorName = "tolvad313.exe ";
+}
+
+TEST(ModuleLauncherTest, AModulePathWithBlanksIsOneProgram)
+{
+    // Only the file name the command names follows the module's path.
+    IniTestPlatform platform;
+    platform.AllowProgram("My Modules/tolvad313.exe");
+    RunModule("My Modules/tolvad313.exe survey.DSC");
+    EXPECT_EQ(platform.startedPrograms,
+              (std::vector<std::vector<std::string>>{{"My Modules/tolvad313.exe", "survey.DSC"}}));
+    EXPECT_TRUE(platform.questions.empty());
+
+    // The module the user picks starts by its whole path.
+    platform.Clear();
+    platform.ChooseNext(2, "/opt/My Modules/Editor.exe");
+    RunModule("missing.exe a.DSC");
+    EXPECT_EQ(platform.startedPrograms.back(), std::vector<std::string>{"/opt/My Modules/Editor.exe"});
+    EXPECT_EQ(editorName, "/opt/My Modules/Editor.exe ");
     editorName = "tolvad313.exe ";
 }
 

@@ -190,15 +190,27 @@ TEST_F(EditDesc, OrientationPickAndSensorKindGoToTheOtherOrientations)
     EXPECT_EQ(doc.current, 107);
     EXPECT_EQ(doc.calls, Titles{"reload 107"});
 
+    // The other orientations' receiver and transmitter kinds, each with the
+    // component of its own orientation.
+    auto others = [this](const char* rxKind, const char* txKind) {
+        for (const char* name : {"TzRy", "TzRz"}) {
+            const xEMDescItem& item = *doc.items.at(name);
+            EXPECT_EQ(item.geometry.rx.kind, rxKind) << name;
+            EXPECT_EQ(item.geometry.tx.kind, txKind) << name;
+            EXPECT_TRUE(item.geometry.rx.HasComponent(RxComponent(item.code))) << name;
+            EXPECT_TRUE(item.geometry.tx.HasComponent(TxComponent(item.code))) << name;
+        }
+    };
+    // 3411 comes from the receiver kind list: the receivers take the kind.
     doc.geometry->rx.SetKind("large loop");
     doc.geometry->rx.AddComponent(1);
-    doc.DoCommand(xEMEditDesc::kRxSensorName, nullptr);
-    for (const char* name : {"TzRy", "TzRz"}) {
-        const xEMSensorType& rx = doc.items.at(name)->geometry.rx;
-        EXPECT_EQ(rx.kind, "large loop") << name;
-        EXPECT_TRUE(rx.HasComponent(RxComponent(doc.items.at(name)->code))) << name;
-    }
-    EXPECT_EQ(doc.items.at("TzRy")->geometry.tx.kind, doc.geometry->tx.kind);
+    doc.DoCommand(3411, nullptr);
+    others("large loop", "large loop");
+    // 3412 from the transmitter kind list: the transmitters take theirs.
+    doc.geometry->tx.SetKind("dipole");
+    doc.geometry->tx.AddComponent(3);
+    doc.DoCommand(3412, nullptr);
+    others("large loop", "dipole");
 }
 
 TEST_F(EditDesc, ADomainChangeRecountsTheFormatSoTheSavedFileReadsBack)

@@ -7,6 +7,9 @@
 
 #include <sstream>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 TEST(HeadlessPlatform, WritesOneLinePerMessageAndTakesTheFirstButton)
 {
     std::ostringstream out;
@@ -71,6 +74,34 @@ TEST(Platform, FileSystemQueries)
         EXPECT_EQ(rec.CurrentDirectory(), here);
     }
     EXPECT_NE(rec.ModulePath().find("tolvad_tests_seam"), std::string::npos);
+}
+
+TEST(Platform, AProgramPathWithBlanksStartsWithItsArguments)
+{
+    xHeadlessPlatform headless;
+    xTempDirectory dir;
+    std::filesystem::create_directory(dir / "My Modules");
+    // The module writes its arguments, one a line, beside itself.
+    const std::string module = dir / "My Modules/tolvad313";
+    xTempDirectory::Write(module, "#!/bin/sh\nfor a in \"$@\"; do echo \"$a\"; done > \"$0.args.tmp\"\n"
+                                  "mv \"$0.args.tmp\" \"$0.args\"\n");
+    ASSERT_EQ(::chmod(module.c_str(), 0755), 0);
+
+    std::string program;
+    std::vector<std::string> arguments;
+    headless.SplitCommand(module + " survey.DSC  \"line 7.DSC\"", program, arguments);
+    EXPECT_EQ(program, module);
+    EXPECT_EQ(arguments, (std::vector<std::string>{"survey.DSC", "line 7.DSC"}));
+    // With no program found, the first word is the one that wasn't.
+    headless.SplitCommand(dir / "My Modules/missing a", program, arguments);
+    EXPECT_EQ(program, dir / "My");
+
+    ASSERT_TRUE(headless.StartCommand(module + " survey.DSC"));
+    for (int i = 0; i < 500 && !std::filesystem::exists(module + ".args"); ++i)
+        ::usleep(10000);
+    EXPECT_EQ(xTempDirectory::Read(module + ".args"), "survey.DSC\n");
+    EXPECT_FALSE(headless.StartCommand(dir / "My Modules/missing a.DSC"));
+    EXPECT_FALSE(headless.StartCommand("  "));
 }
 
 namespace {

@@ -81,3 +81,48 @@ TEST(Extract, TakesTheLongestNumberAndRejectsAnUnfinishedOne)
         EXPECT_EQ(in.peek(), c.next == -1 ? std::char_traits<char>::eof() : c.next) << c.text;
     }
 }
+
+namespace {
+
+// Hands its text out a few characters at a time, so numbers stand across the
+// edges of what the buffer holds.
+class xTrickleBuffer : public std::streambuf {
+public:
+    xTrickleBuffer(std::string text, size_t piece) : text(std::move(text)), piece(piece) {}
+
+protected:
+    int_type underflow() override
+    {
+        if (at >= text.size())
+            return traits_type::eof();
+        char* begin = &text[at];
+        size_t length = std::min(piece, text.size() - at);
+        at += length;
+        setg(begin, begin, begin + length);
+        return traits_type::to_int_type(*begin);
+    }
+
+private:
+    std::string text;
+    size_t piece;
+    size_t at = 0;
+};
+
+} // namespace
+
+TEST(Extract, NumbersAcrossTheEdgesOfTheBufferReadWhole)
+{
+    const std::string text = "  123.456e+2 -7.25\n+0.5 1e+ 9";
+    for (size_t piece : {1, 2, 3, 5, 7, 64}) {
+        xTrickleBuffer buffer(text, piece);
+        std::istream in(&buffer);
+        float a = 0, b = 0, c = 0, d = 4;
+        ASSERT_TRUE(xExtract::Float(in, a) && xExtract::Float(in, b) && xExtract::Float(in, c)) << piece;
+        EXPECT_FLOAT_EQ(a, 12345.6f) << piece;
+        EXPECT_FLOAT_EQ(b, -7.25f) << piece;
+        EXPECT_FLOAT_EQ(c, 0.5f) << piece;
+        // An exponent mark without digits fails, wherever the buffer ends.
+        EXPECT_FALSE(xExtract::Float(in, d)) << piece;
+        EXPECT_EQ(d, 4.0f) << piece;
+    }
+}

@@ -8,6 +8,7 @@
 #include "x2DGRecorder.h"
 #include "xCommandRecorder.h"
 
+#include <QFontInfo>
 #include <QImage>
 #include <QLabel>
 #include <QScrollBar>
@@ -15,6 +16,8 @@
 #include <QWidget>
 
 #include <gtest/gtest.h>
+
+#include <cstdlib>
 
 namespace {
 
@@ -29,6 +32,25 @@ protected:
     }
 
     QImage Shot() { return port->grab().toImage(); }
+    // Whether a pixel is mostly of the colour: smoothing blends the edges.
+    static bool Near(const QImage& shot, int x, int y, QRgb colour)
+    {
+        const QColor c = shot.pixelColor(x, y);
+        return std::abs(c.red() - qRed(colour)) < 80 && std::abs(c.green() - qGreen(colour)) < 80 &&
+               std::abs(c.blue() - qBlue(colour)) < 80;
+    }
+    // The rows of the shot that hold a pixel of the colour, top down.
+    static std::vector<int> RowsWith(const QImage& shot, QRgb colour)
+    {
+        std::vector<int> rows;
+        for (int y = 0; y < shot.height(); ++y)
+            for (int x = 0; x < shot.width(); ++x)
+                if (Near(shot, x, y, colour)) {
+                    rows.push_back(y);
+                    break;
+                }
+        return rows;
+    }
 
     xRecordingPlatform platform;
     x2DGCommandLog up;
@@ -46,15 +68,44 @@ TEST_F(GraphPort, PaintsTheCurveInItsPenAndTheBarsOnTwoLevels)
     bars->UpdateFromTable(x2DGTable({{20, 60}, {60, 100}}));
 
     const QImage shot = Shot();
-    EXPECT_EQ(port->VirtualWidth(), 200);
-    EXPECT_EQ(shot.pixelColor(100, 50).rgb() & 0xffffff, 0xff0000u);   // the diagonal
-    EXPECT_EQ(shot.pixelColor(40, 55).rgb() & 0xffffff, 0x0000ffu);         // first window, lower
-    EXPECT_EQ(shot.pixelColor(80, 45).rgb() & 0xffffff, 0x0000ffu);         // second, higher
-    EXPECT_EQ(shot.pixelColor(80, 55).rgb() & 0xffffff, 0xffffffu);
-    EXPECT_EQ(shot.pixelColor(150, 20).rgb() & 0xffffff, 0xffffffu);
+    EXPECT_EQ(port->VirtualWidth(), port->Frame().Width());
+    EXPECT_TRUE(Near(shot, 100, 50, 0xff0000));   // the diagonal through the middle
+    EXPECT_TRUE(Near(shot, 40, 55, 0x0000ff));    // first window, lower
+    EXPECT_TRUE(Near(shot, 80, 45, 0x0000ff));    // second, higher
+    EXPECT_TRUE(Near(shot, 80, 55, 0xffffff));
+    EXPECT_TRUE(Near(shot, 150, 20, 0xffffff));
 }
 
-TEST_F(GraphPort, ReadOutBoxShowsWhileTheButtonIsDown)
+TEST_F(GraphPort, BothEndsOfTheRangeShowWholeAndCurvesAreSmoothed)
+{
+    // A transient waveform on a new port: the range comes from the data
+    // without a margin, the flat top at the top of the frame, the off time
+    // and the zero line at its bottom.
+    port->drawZeroLine = true;
+    auto* wave = new x2DGLine(port);
+    wave->SetPen({0xff0000, 1});
+    wave->UpdateFromTable(x2DGTable({{0, 0}, {20, 1}, {80, 1}, {90, 0}, {200, 0}}));
+    ASSERT_EQ(port->yMin, 0.0f);
+    const QImage shot = Shot();
+    const std::vector<int> red = RowsWith(shot, 0xff0000);
+    ASSERT_FALSE(red.empty());
+    // Neither end on the edge of the port, and the off time drawn inside it.
+    EXPECT_GE(red.front(), 3);
+    EXPECT_LE(red.back(), shot.height() - 4);
+    EXPECT_TRUE(Near(shot, 150, red.back(), 0xff0000));
+    EXPECT_EQ(port->ZeroLinePixel(), red.back());
+
+    // The slopes are smoothed: pixels between red and white.
+    bool blended = false;
+    for (int y = 0; y < shot.height() && !blended; ++y)
+        for (int x = 0; x < 60 && !blended; ++x) {
+            const QColor c = shot.pixelColor(x, y);
+            blended = c.red() > 200 && c.green() > 60 && c.green() < 200;
+        }
+    EXPECT_TRUE(blended);
+}
+
+TEST_F(GraphPort, ReadOutBoxShowsWhileTheButtonIsDownInAFixedPitchFont)
 {
     (new x2DGLine(port))->UpdateFromTable(x2DGTable({{0, -1}, {10, 1}}));
     port->SetEndLabels(0, 200, "", "%.0f", false);
@@ -64,7 +115,11 @@ TEST_F(GraphPort, ReadOutBoxShowsWhileTheButtonIsDown)
 
     port->EnableReadOut();
     QTest::mousePress(port, Qt::LeftButton, Qt::NoModifier, QPoint(100, 75));
-    EXPECT_EQ(port->ReadOutShown(), QString(" FID :    100.00\n AMP :     -0.50"));
+    const float amplitude = port->PixelToY(75.0f - port->Frame().top);
+    EXPECT_LT(amplitude, 0.0f);
+    EXPECT_EQ(port->ReadOutShown(), QString(" FID :    100.00\n AMP : ") + QString::asprintf("%9.2f", amplitude));
+    // Blanks pad the numbers: they line up only when all characters are as wide.
+    EXPECT_TRUE(QFontInfo(port->ReadOutFont()).fixedPitch());
     const std::optional<x2DGRect> box = port->Series(0)->readOutBox;
     ASSERT_TRUE(box.has_value());
     EXPECT_EQ(box->left, 100);
@@ -77,7 +132,7 @@ TEST_F(GraphPort, ReadOutBoxShowsWhileTheButtonIsDown)
     EXPECT_FALSE(port->Series(0)->readOutBox.has_value());
 }
 
-TEST_F(GraphPort, EndLabelsStandAtTheLowerCornersAndFollowScrolling)
+TEST_F(GraphPort, EndLabelsStandUnderTheDrawingAboveTheScrollBarAndFollowScrolling)
 {
     port->SetEndLabels(1, 5, "FID ", "%.1f", true);
     ASSERT_NE(port->startLabel, nullptr);
@@ -87,16 +142,24 @@ TEST_F(GraphPort, EndLabelsStandAtTheLowerCornersAndFollowScrolling)
     EXPECT_EQ(port->endLabel->geometry().right(), 199);
     EXPECT_EQ(port->startLabel->width(), 200 / 3);
     // The labels took the lowest strip from the drawing.
-    EXPECT_EQ(port->Frame().bottom, 100 - port->startLabel->height());
+    EXPECT_EQ(port->Paper().bottom, 100 - port->startLabel->height());
+    EXPECT_LT(port->Frame().bottom, port->Paper().bottom);
 
-    port->xMax = 1;
+    // Zoomed, the scroll bar comes under the labels, which stay out of the
+    // drawing and are filled, so that no trace runs through them.
+    auto* wave = new x2DGLine(port);
+    wave->UpdateFromTable(x2DGTable({{0, 0}, {1, 1}}));
     const float scale = 1.0f;
     port->DoCommand(x2DGPlot::kHorizontalScale, const_cast<float*>(&scale));
     QScrollBar* bar = port->findChild<QScrollBar*>();
     ASSERT_NE(bar, nullptr);
     EXPECT_TRUE(bar->isVisible());
+    EXPECT_GT(port->VirtualWidth(), port->Frame().Width());
+    EXPECT_LT(port->startLabel->geometry().bottom(), bar->y());
+    EXPECT_LE(port->Paper().bottom, port->startLabel->y());
+    EXPECT_TRUE(port->startLabel->autoFillBackground());
     bar->setValue(bar->maximum());
-    EXPECT_EQ(port->ScrollPosition(), 200 - port->VirtualWidth());
+    EXPECT_EQ(port->ScrollPosition(), port->Frame().Width() - port->VirtualWidth());
     EXPECT_EQ(port->endLabel->text(), QString("5.0"));
     EXPECT_NE(port->startLabel->text(), QString("FID 1.0"));
 }
@@ -116,11 +179,12 @@ TEST_F(GraphPort, ResizeKeepsTheVirtualSizeAndRecomputes)
     port->SetHorizontalScale(1);
     EXPECT_GT(port->VirtualWidth(), 200);
     port->resize(128, 64);
-    EXPECT_EQ(port->VirtualWidth(), 128);
-    EXPECT_EQ(port->VirtualHeight(), 64);
+    const int margin = x2DGPort::Margin();
+    EXPECT_EQ(port->VirtualWidth(), 128 - 2 * margin);
+    EXPECT_EQ(port->VirtualHeight(), 64 - 2 * margin);
     EXPECT_EQ(port->ScrollPosition(), 0);
-    EXPECT_EQ(wave->pixels[1].h, 128);
-    EXPECT_EQ(wave->pixels[0].v, 64);
+    EXPECT_EQ(wave->pixels[1].h, 128 - margin);
+    EXPECT_EQ(wave->pixels[0].v, 64 - margin);
 }
 
 TEST_F(GraphPort, RubberBandSendsItsCommandUpWithThePortAndTheCursorFollowsTheReadOut)
@@ -134,8 +198,9 @@ TEST_F(GraphPort, RubberBandSendsItsCommandUpWithThePortAndTheCursorFollowsTheRe
     ASSERT_EQ(up.received.size(), 1u);
     EXPECT_EQ(up.received[0].first, 6001);
     EXPECT_EQ(static_cast<x2DGPlot*>(up.received[0].second), static_cast<x2DGPlot*>(port));
-    EXPECT_FLOAT_EQ(port->GetWStartPoint().x, 5.0f);   // the mouse's pixels, not the last move's
-    EXPECT_FLOAT_EQ(port->GetWEndPoint().x, 15.0f);
+    // The mouse's pixels, not the last move's, from the frame's corner.
+    EXPECT_FLOAT_EQ(port->GetWStartPoint().x, port->PixelToX(50.0f - port->Frame().left));
+    EXPECT_FLOAT_EQ(port->GetWEndPoint().x, port->PixelToX(150.0f - port->Frame().left));
 
     port->DoCommand(x2DGPlot::kCrossHairCursor, nullptr);
     EXPECT_EQ(port->cursor().shape(), Qt::ArrowCursor);

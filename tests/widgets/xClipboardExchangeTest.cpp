@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace {
 
 const char* kIllegal = "Clipboard contains illegal character. Numbers only please (scientific notation OK).";
@@ -64,11 +66,12 @@ TEST_F(Clipboard, JunkLeavesTheTableAsItWas)
     FloatMatrix m(1, 2, 1, 2);
     *m.Element(1, 1) = 42.0f;
     FloatMatrix before = m;
-    for (const char* junk : {"1,5 2", "1 2 x", "0x10 1", "inf 1", "nan 2", "1e 2"}) {
+    // Numbers no float holds can't be read either: nothing becomes infinite.
+    for (const char* junk : {"1,5 2", "1 2 x", "0x10 1", "inf 1", "nan 2", "1e 2", "1e39 2", "2 -1e400"}) {
         Put(junk);
         EXPECT_FALSE(card.PasteTable(m)) << junk;
     }
-    EXPECT_EQ(platform.Texts(xPlatform::kNote), std::vector<std::string>(6, kIllegal));
+    EXPECT_EQ(platform.Texts(xPlatform::kNote), std::vector<std::string>(8, kIllegal));
     Put("1 2 3");
     platform.Clear();
     EXPECT_FALSE(card.PasteTable(m));
@@ -124,4 +127,16 @@ TEST_F(Clipboard, CopyThenPasteGivesEightSignificantDigits)
         EXPECT_NEAR(back.Row(i / 2)[i % 2], samples[i], std::abs(samples[i]) * 1e-7) << i;
     EXPECT_EQ(xClipboardExchange::Lines(platform.clipboard).size(), 3u);
     EXPECT_EQ(xClipboardExchange::Lines("a\n\nb").size(), 3u);
+
+    // The largest floats go through; an infinity is never written.
+    FloatMatrix edges(0, 0, 0, 2);
+    *edges.Element(0, 0) = 3.40282347e38f;
+    *edges.Element(0, 1) = -std::numeric_limits<float>::infinity();
+    *edges.Element(0, 2) = std::numeric_limits<float>::quiet_NaN();
+    ASSERT_TRUE(card.CopyTable(edges));
+    EXPECT_EQ(platform.clipboard, " 3.4028235e+38 -3.4028235e+38 0.0000000e+00\n");
+    ASSERT_TRUE(card.PasteTable(edges));
+    EXPECT_EQ(edges.Row(0)[0], 3.40282347e38f);
+    EXPECT_EQ(edges.Row(0)[1], -3.40282347e38f);
+    EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
 }

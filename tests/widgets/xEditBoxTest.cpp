@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QImage>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -173,7 +174,8 @@ TEST_F(EditBoxes, LeavingAChangedFieldRaisesTheDataEventOfItsType)
 TEST_F(EditBoxes, CheckBoxWritesItsPresetAndRaisesItsEvent)
 {
     xFlagEditBox box(&card, frame, 90, 2.5f, "x", false);
-    EXPECT_EQ(box.Field()->width(), 90 - xFlagEditBox::kFlagWidth);
+    EXPECT_EQ(box.FlagBox()->x(), box.Field()->geometry().right() + 1);   // the flag right of the field
+    EXPECT_EQ(box.FlagBox()->geometry().right(), box.width() - 1);
     QTest::mouseClick(box.FlagBox(), Qt::LeftButton);   // no presets yet
     EXPECT_TRUE(box.IsChecked());
     EXPECT_EQ(FieldText(box), "2.50e+00");
@@ -195,6 +197,84 @@ TEST_F(EditBoxes, CheckBoxWritesItsPresetAndRaisesItsEvent)
     longBox.Check();   // quietly
     EXPECT_TRUE(longBox.FlagBox()->isChecked());
     EXPECT_EQ(FieldText(longBox), "-3");
+}
+
+TEST_F(EditBoxes, ANumberNoFloatHoldsIsNotStored)
+{
+    xEditBox box(&card, frame, 90, 1.5f, "x");
+    xEditBox other(&card, QRect(10, 50, 300, 30), 90, 2.0f, "y");
+    TypeInto(box, *other.Field(), "1e39");
+    EXPECT_EQ(box.Value().Float(), 1.5f);
+    EXPECT_EQ(FieldText(box), "1.50e+00");   // the field shows again what is stored
+    box.SetText("-1e400");
+    float f = 7.0f;
+    box.GetFloat(f);
+    EXPECT_EQ(f, 7.0f);
+    EXPECT_EQ(platform.Texts(xPlatform::kNote), std::vector<std::string>(2, "Value can't be converted to float."));
+}
+
+namespace {
+// A widget's picture, and a rectangle of the widget in its pixels.
+struct Shot {
+    explicit Shot(QWidget& widget) : image(widget.grab().toImage()) {}
+    QRect Pixels(const QRect& r) const
+    {
+        const qreal s = image.devicePixelRatio();
+        return QRect(qRound(r.x() * s), qRound(r.y() * s), qRound(r.width() * s), qRound(r.height() * s));
+    }
+    // The lowest row holding ink: the baseline of text without descenders.
+    int LowestInk(const QRect& region) const
+    {
+        const QRect r = Pixels(region);
+        for (int y = r.bottom(); y >= r.top(); --y)
+            for (int x = r.left(); x <= r.right(); ++x)
+                if (image.pixelColor(x, y).lightness() < 110)
+                    return y;
+        return -1;
+    }
+    // The darkest and the lightest lightness inside a field, off its frame.
+    std::pair<int, int> InkAndPaper(const QRect& field) const
+    {
+        const QRect r = Pixels(field.adjusted(4, 4, -4, -4));
+        int ink = 255, paper = 0;
+        for (int y = r.top(); y <= r.bottom(); ++y)
+            for (int x = r.left(); x <= r.right(); ++x) {
+                ink = std::min(ink, image.pixelColor(x, y).lightness());
+                paper = std::max(paper, image.pixelColor(x, y).lightness());
+            }
+        return {ink, paper};
+    }
+    QImage image;
+};
+} // namespace
+
+TEST_F(EditBoxes, LabelAndFieldTextStandOnOneBaseline)
+{
+    for (int points : {9, 11}) {
+        QFont font = QApplication::font();
+        font.setPointSize(points);
+        xEditBox box(&card, frame, 90, 25L, "Number");
+        box.setFont(font);
+        box.show();
+        const Shot shot(box);
+        EXPECT_EQ(shot.LowestInk(box.Label()->geometry()), shot.LowestInk(box.Field()->geometry().adjusted(3, 3, -3, -3)))
+            << points << " pt";
+    }
+}
+
+TEST_F(EditBoxes, DisabledBoxesLookAlikeAndTheirValueReads)
+{
+    xEditBox plain(&card, frame, 90, 425.5f, "x", "%10.7e");
+    xFlagEditBox forGood(&card, QRect(10, 50, 300, 30), 90, 425.5f, "y", false, "%10.7e");
+    plain.Enable(false);
+    forGood.MakePermanentlyDisabled(true);
+    plain.show();
+    forGood.show();
+    const auto [ink, paper] = Shot(plain).InkAndPaper(plain.Field()->geometry());
+    EXPECT_EQ(Shot(forGood).InkAndPaper(forGood.Field()->geometry()), std::make_pair(ink, paper));
+    // Not white like an enabled field, and the digits stand out from it.
+    EXPECT_LT(paper, 255);
+    EXPECT_GT(paper - ink, 100);
 }
 
 namespace {
@@ -237,6 +317,46 @@ TEST(NoteWindow, ModalNoteReturnsThePlaceOfTheButton)
     });
     xNoteWin::ShowNoteWithSkip("next", skip, "OK");
     EXPECT_FALSE(skip);
+}
+
+namespace {
+// Presses Return in the note; should it stay open, the first button ends it.
+void ReturnCloses(QWidget* note)
+{
+    QTest::keyClick(note, Qt::Key_Return);
+    if (note->isVisible()) {
+        ADD_FAILURE() << "Return left the note open";
+        note->findChild<QPushButton*>()->click();
+    }
+}
+} // namespace
+
+TEST(NoteWindow, ButtonsHaveTheirNaturalSizeAndReturnTakesTheFirst)
+{
+    xRecordingPlatform platform;
+    QTimer::singleShot(0, [] {
+        QWidget* modal = QApplication::activeModalWidget();
+        ASSERT_NE(modal, nullptr);
+        auto* ok = modal->findChild<QPushButton*>();
+        EXPECT_LT(ok->width(), modal->width() / 2);
+        EXPECT_GE(ok->width(), ok->sizeHint().width());
+        ReturnCloses(modal);
+    });
+    EXPECT_EQ(xNoteWin::ShowNote("Saved.", 0, "OK"), 0);
+
+    QTimer::singleShot(0, [] {
+        QWidget* modal = QApplication::activeModalWidget();
+        ASSERT_NE(modal, nullptr);
+        const auto buttons = modal->findChildren<QPushButton*>();
+        ASSERT_EQ(buttons.size(), 2);
+        EXPECT_TRUE(buttons[0]->isDefault());
+        EXPECT_LT(buttons[0]->x(), buttons[1]->x());
+        // The check box of a series stands under the buttons.
+        EXPECT_GT(modal->findChild<QCheckBox*>()->y(), buttons[0]->geometry().bottom());
+        ReturnCloses(modal);
+    });
+    bool skip = false;
+    EXPECT_EQ(xNoteWin::ShowNoteWithSkip("Replace?", skip, "Yes", "No"), 0);
 }
 
 TEST(NoteWindow, TimedNoteClosesByItselfAndASecondCallReplacesItsText)

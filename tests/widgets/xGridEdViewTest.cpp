@@ -9,9 +9,12 @@
 #include "xCommandRecorder.h"
 
 #include <QApplication>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QStyle>
+#include <QWheelEvent>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -239,7 +242,115 @@ TEST_F(Grids, BarsAndClicksMoveTheEdit)
     EXPECT_TRUE(view->EditField()->hasFocus());
     EXPECT_EQ(view->PositionLabel()->text(), "18,2");
     EXPECT_EQ(Field(), "1.8000000e+02");
-    EXPECT_EQ(Grid()->EditFrame()->geometry(), cell->geometry());
+    EXPECT_EQ(Grid()->EditFrame()->geometry(), cell->geometry().adjusted(-1, -1, 1, 1));   // over its lines
+}
+
+TEST_F(Grids, OneLineBetweenCellsAndTheEditedCellInTheHighlight)
+{
+    Build(5, 10, 3);
+    Focus();
+    Key(Qt::Key_Tab);   // the edit on (0, 1)
+    QApplication::processEvents();
+    const QImage shot = Grid()->grab().toImage();
+    const qreal scale = shot.devicePixelRatio();
+    // Across the row of the first cells, from the middle of one cell to the
+    // middle of the next: the one line between them and nothing else.
+    const QRect first = Grid()->Cell(1, 0)->geometry(), second = Grid()->Cell(1, 1)->geometry();
+    const int y = qRound(first.center().y() * scale);
+    int lineWidth = 0;
+    QColor line;
+    for (int x = qRound(first.right() * scale) - 2; x <= qRound(second.left() * scale) + 2; ++x)
+        if (shot.pixelColor(x, y) != QColor(Qt::white)) {
+            ++lineWidth;
+            line = shot.pixelColor(x, y);
+        }
+    EXPECT_EQ(lineWidth, qRound(scale));
+    EXPECT_GT(line.lightness(), 100);   // the style's grid line, not a black box
+    EXPECT_EQ(Grid()->Cell(1, 0)->frameShape(), QFrame::NoFrame);
+    // The edited cell's frame is drawn in the style's highlight.
+    const QRect edit = Grid()->EditFrame()->geometry();
+    EXPECT_EQ(shot.pixelColor(qRound((edit.left() + 1) * scale), qRound(edit.center().y() * scale)),
+              Grid()->palette().color(QPalette::Active, QPalette::Highlight));
+}
+
+TEST_F(Grids, BarsShowOnlyWhenNeededInTheStylesSizeAndLabelsFollowResizes)
+{
+    Build(5, 10, 3);
+    EXPECT_FALSE(Grid()->HorizontalBar()->isVisible());   // both columns fit
+    EXPECT_TRUE(Grid()->VerticalBar()->isVisible());
+    EXPECT_EQ(Grid()->VerticalBar()->width(),
+              Grid()->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, Grid()));
+    EXPECT_GT(Grid()->Cell(4, 1)->geometry().bottom(), Grid()->height() - 8);   // the rows take the bar's room
+
+    FloatMatrix four(1, 5, 1, 4);
+    xTxtGrd wide(&card, QRect(0, 0, 300, 120), 3, 2, true, false, &four);
+    wide.AddScrollBars();
+    wide.show();
+    EXPECT_TRUE(wide.HorizontalBar()->isVisible());   // four columns, two in view
+    // The labels are as tall as the font needs, and widen with the grid.
+    const int before = wide.ColumnLabels()[1]->width();
+    EXPECT_GE(wide.ColumnLabels()[0]->height(), wide.ColumnLabels()[0]->fontMetrics().height());
+    wide.resize(500, 120);
+    EXPECT_GT(wide.ColumnLabels()[1]->width(), before);
+    EXPECT_EQ(wide.ColumnLabels()[1]->x(), wide.Cell(0, 1)->x() - 1);
+}
+
+TEST_F(Grids, LoadingATableWhileScrolledColoursItsRowsFromTheTop)
+{
+    Build(5, 20, 20);
+    Grid()->ScrollTo(QPoint(0, 10));
+    table = Column2(3);
+    view->SetTable(&table, true);
+    EXPECT_EQ(Grid()->ScrollOrigin(), QPoint(0, 0));
+    EXPECT_EQ(Background(1, 0), QColor(Qt::white));
+    EXPECT_EQ(Background(3, 0), QColor(Qt::white));   // the first empty row
+    EXPECT_EQ(Background(4, 0), QColor(192, 192, 192));
+}
+
+TEST_F(Grids, TheWheelAndThePageAndEndKeysMoveAsInATableView)
+{
+    Build(3, 20, 20);
+    QWheelEvent down(QPointF(20, 30), Grid()->mapToGlobal(QPointF(20, 30)), QPoint(), QPoint(0, -120),
+                     Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(Grid(), &down);
+    EXPECT_EQ(Grid()->ScrollOrigin(), QPoint(0, QApplication::wheelScrollLines()));
+    EXPECT_EQ(Grid()->VerticalBar()->value(), QApplication::wheelScrollLines());
+    Grid()->ScrollTo(QPoint(0, 0));
+
+    Focus();
+    Key(Qt::Key_PageDown);
+    EXPECT_EQ(view->PositionLabel()->text(), "4,1");
+    EXPECT_EQ(Grid()->ScrollOrigin(), QPoint(0, 3));
+    Key(Qt::Key_End);
+    EXPECT_EQ(view->PositionLabel()->text(), "4,2");
+    Key(Qt::Key_Home);
+    EXPECT_EQ(view->PositionLabel()->text(), "4,1");
+    Key(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(view->PositionLabel()->text(), "20,2");
+    Key(Qt::Key_PageUp);
+    EXPECT_EQ(view->PositionLabel()->text(), "17,2");
+    Key(Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(view->PositionLabel()->text(), "1,1");
+    EXPECT_EQ(Grid()->ScrollOrigin(), QPoint(0, 0));
+    EXPECT_EQ(platform.beeps, 0);
+}
+
+TEST_F(Grids, AnEditFromAnEmptyCellKeepsTheFieldSoReturnCopiesDown)
+{
+    Build(6, 10, 3);
+    Focus();
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Down);   // the first empty row
+    Type("9");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Field(), "9");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Cell(3, 0), "9.00e+00");
+    EXPECT_EQ(Cell(4, 0), "9.00e+00");
+    // A cell with a number shows its own.
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Field(), "9.0000000e+00");
 }
 
 TEST(TextGrid, ColumnLabelsFollowTheOriginAndRowLabelsWarn)

@@ -122,6 +122,23 @@ TEST(GridValues, StoringAnEditFollowsTheRowCount)
     EXPECT_EQ(series.calls, (std::vector<std::string>{"clear", "invalidate"}));
 }
 
+TEST(GridValues, ANumberNoFloatHoldsIsRefusedWithANote)
+{
+    xRecordingPlatform platform;
+    xGridValues grid(3, 1);
+    FloatMatrix one = Table(0, 0, {{2}});
+    grid.SetTable(&one);
+    for (const char* text : {"1e39", "-1e400", "inf", "nan"})
+        EXPECT_EQ(grid.StoreEdit(0, 0, text, "2.00e+00"), xGridValues::kUnchanged) << text;
+    EXPECT_EQ(grid.Value(0, 0), 2.0f);
+    EXPECT_EQ(platform.Texts(xPlatform::kNote), std::vector<std::string>(4, "Value can't be converted to float."));
+    // Letters are no number and read 0, without a word, as they always did.
+    platform.Clear();
+    EXPECT_EQ(grid.StoreEdit(0, 0, "abc", "2.00e+00"), xGridValues::kStored);
+    EXPECT_EQ(grid.Value(0, 0), 0.0f);
+    EXPECT_TRUE(platform.messages.empty());
+}
+
 TEST(GridCursor, MovesScrollsAndBeepsAtTheTableEdges)
 {
     struct Step {
@@ -156,4 +173,5 @@ TEST(GridCursor, MovesScrollsAndBeepsAtTheTableEdges)
     walk(tiny, {{xGridCursor::kDown, true, "1,0 origin 0,0"},
                 {xGridCursor::kDown, false, "1,0 origin 0,0"},
                 {xGridCursor::kRight, true, "1,0 origin 0,0"}});
+
 }

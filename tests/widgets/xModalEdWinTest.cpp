@@ -14,6 +14,7 @@
 #include "widgets/xMtGridEdWin.h"
 #include "widgets/xMultipleBEditBox.h"
 #include "widgets/xPointFlagEdWin.h"
+#include "widgets/xTableViewWin.h"
 #include "widgets/xTextEdWin.h"
 #include "widgets/xVectorEdWin.h"
 
@@ -64,13 +65,53 @@ TEST(ModalWindows, StayInsideTheScreenAndShareTheCancelFlag)
     EXPECT_EQ(next.result(), QDialog::Accepted);
 }
 
+TEST(ModalWindows, NarrowWindowsWidenUntilTheirButtonsStandApart)
+{
+    xRecordingPlatform platform;
+    float point[3] = {425.5f, -1250.0f, 0.0f};
+    FloatArray table(1, 3);
+    xPointEdWin pointWin(nullptr, "p");
+    pointWin.SetUpUserItem(point);
+    xPointFlagEdWin flagWin(nullptr, "f");
+    flagWin.SetUpUserItem(point);
+    xTableViewWin tableWin(nullptr, "t");
+    tableWin.SetUpUserItem(&table);
+    for (xModalEdWin* window : std::initializer_list<xModalEdWin*>{&pointWin, &flagWin, &tableWin}) {
+        const QRect cancel = window->CancelButton()->geometry(), ok = window->OkButton()->geometry();
+        EXPECT_GE(ok.left() - cancel.right() - 1, xModalEdWin::kMargin) << window->windowTitle().toStdString();
+        EXPECT_GE(cancel.left(), xModalEdWin::kMargin);
+        EXPECT_LE(ok.right() + 1 + xModalEdWin::kMargin, window->width());
+        EXPECT_GE(window->width(), 170);
+    }
+    // The fields grew to the numbers of their format.
+    EXPECT_EQ(pointWin.Column()->Item(2)->Field()->text(), "-1.2500000e+03");
+}
+
+TEST(ModalWindows, ANumberNoFloatHoldsKeepsTheWindowOpen)
+{
+    xRecordingPlatform platform;
+    float point[3] = {1.0f, 2.0f, 3.0f};
+    xPointEdWin window(nullptr, "p");
+    window.SetUpUserItem(point);
+    RunWith(window, [](xPointEdWin& w) {
+        w.Column()->Item(2)->SetText("1e39");
+        w.OkButton()->click();
+        EXPECT_TRUE(w.isVisible());   // refused: still open
+        w.Column()->Item(2)->SetText("5");
+        w.OkButton()->click();
+    });
+    EXPECT_EQ(point[0], 1.0f);
+    EXPECT_EQ(point[1], 5.0f);
+    EXPECT_EQ(platform.Texts(xPlatform::kNote), std::vector<std::string>{"Value can't be converted to float."});
+}
+
 TEST(ModalWindows, PointFlagsFollowTheirNumbers)
 {
     xRecordingPlatform platform;
     float point[3] = {0.9f, 2.0f, 0.0f};
     xPointFlagEdWin window(nullptr, "Components");
     window.SetUpUserItem(point);
-    EXPECT_EQ(window.size(), QSize(170, 260));
+    EXPECT_GE(window.height(), 260);
     xMultipleBEditBox* column = window.Column();
     EXPECT_FALSE(column->FlagItem(1)->IsChecked());   // 0.9 truncates to 0
     EXPECT_TRUE(column->FlagItem(2)->IsChecked());

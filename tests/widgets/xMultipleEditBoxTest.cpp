@@ -138,9 +138,8 @@ TEST(MultipleEditBox, HidingClosesTheColumnDisablingLastsAndMissingItemsAreWarne
     box.FlagItem(3)->Enable(true);
     EXPECT_FALSE(box.FlagItem(3)->isEnabled());
     EXPECT_FALSE(box.FlagItem(3)->FlagBox()->isEnabled());
-    EXPECT_EQ(box.Item(3)->Field()->palette().color(QPalette::Base), QColor(192, 192, 192));
+    EXPECT_FALSE(box.Item(3)->Field()->isEnabled());
     EXPECT_TRUE(box.Item(1)->Field()->isEnabled());
     box.FlagItem(3)->MakePermanentlyDisabled(false);
     EXPECT_TRUE(box.Item(3)->Field()->isEnabled());
-    EXPECT_EQ(box.Item(3)->Field()->palette().color(QPalette::Base), QColor(255, 255, 255));
 }

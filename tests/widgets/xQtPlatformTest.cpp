@@ -96,9 +96,9 @@ TEST(QtPlatform, ClipboardScreenAndPrograms)
     qt.ScreenSize(w, h);
     EXPECT_GT(w, 0);
     EXPECT_GT(h, 0);
-    EXPECT_FALSE(qt.StartProgram("/nonexistent/tolvad313 a.DSC"));
-    EXPECT_FALSE(qt.StartProgram(""));
-    EXPECT_TRUE(qt.StartProgram("/bin/true a.DSC"));
+    EXPECT_FALSE(qt.StartCommand("/nonexistent/tolvad313 a.DSC"));
+    EXPECT_FALSE(qt.StartCommand(""));
+    EXPECT_TRUE(qt.StartCommand("/bin/true a.DSC"));
 }
 
 TEST(QtPlatform, FatalShowsTheMessageThenEndsWithStatusTwo)
