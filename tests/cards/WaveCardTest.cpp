@@ -27,7 +27,7 @@ using Logic = xEMWaveCardLogic;
 using Texts = std::vector<std::string>;
 
 // The receiver's table of the time-domain example, its count line first.
-const char* const kRxTable = "9\n        TIME      CURRENT        ERROR  [ppm]\n"
+const char* const kRxTable = "10\n        TIME      CURRENT        ERROR  [ppm]\n"
                              "           0            0          0.5\n"
                              "         0.5        0.383          0.5\n"
                              "           1        0.707          0.5\n"
@@ -36,7 +36,8 @@ const char* const kRxTable = "9\n        TIME      CURRENT        ERROR  [ppm]\n
                              "         2.5        0.924          0.5\n"
                              "           3        0.707          0.5\n"
                              "         3.5        0.383          0.5\n"
-                             "           4            0          0.5\n";
+                             "           4            0          0.5\n"
+                             "           5            0          0.5\n";
 
 // The first block of the file is the current orientation's.
 std::string ReplacedFirst(std::string text, const std::string& from, const std::string& to)
@@ -63,11 +64,11 @@ TEST_F(WaveCard, TablesAndPlotOfTheExampleShowWholeAndTheDialogsHaveTheirTitles)
     for (const char* title : {"Tx Waveform", "Rx Waveform"}) {
         xEMWaveCard* card = Select<xEMWaveCard>(title);
         ASSERT_NE(card, nullptr) << title;
-        EXPECT_EQ(Waveform(card).RowCount(), 9) << title;
+        EXPECT_EQ(Waveform(card).RowCount(), 10) << title;
         EXPECT_EQ(Windows(card).RowCount(), 10) << title;
         EXPECT_EQ(Windows(card).Grid()->CellText(9, 1), "5.00e+00");
         EXPECT_EQ(Waveform(card).Grid()->VisibleRows(), 13);
-        EXPECT_EQ(card->Curve()->PixelCount(), 9);
+        EXPECT_EQ(card->Curve()->PixelCount(), 10);
         EXPECT_EQ(card->Bars()->PixelCount(), 20);
         EXPECT_EQ(card->Selector()->Code(), 107);
         EXPECT_EQ(Kit::ClippedTexts(*window), Texts{}) << title;
@@ -79,9 +80,14 @@ TEST_F(WaveCard, TablesAndPlotOfTheExampleShowWholeAndTheDialogsHaveTheirTitles)
     Tx()->PlotUnits()->GetText(units);
     EXPECT_EQ(units, "amp");
     EXPECT_EQ(Tx()->PromptTexts(), (Texts{Logic::kWaveformPrompt, Logic::kWindowsPrompt}));
-    // The waveform sets the time axis; the half-sine peaks at 1 with a fifth more room.
+    // The waveform sets the time axis, off time included, so the windows'
+    // bars stand inside; the half-sine peaks at 1 with a fifth more room.
     EXPECT_FLOAT_EQ(Tx()->Plot()->yMax, 1.2f);
-    EXPECT_EQ(Tx()->Plot()->xMax, 4.0f);
+    EXPECT_EQ(Tx()->Plot()->xMax, 5.0f);
+    for (const x2DGPixel& end : Tx()->Bars()->pixels) {
+        EXPECT_GE(end.h, 0);
+        EXPECT_LE(end.h, Tx()->Plot()->width());
+    }
 
     Texts titles;
     for (long button : {5015L, 5016L}) {
@@ -142,7 +148,7 @@ TEST_F(WaveCard, TypedCellsAndPastedBlocksReachThePlotAndTheSavedFile)
     expected = ReplacedFirst(expected, "         4.8            5            1\n", "         4.8          5.5            1\n");
     EXPECT_EQ(Saved(), expected);
     // The other orientations keep theirs.
-    EXPECT_EQ(doc->items["TzRy"]->system.rxField.table.Rows(), 9);
+    EXPECT_EQ(doc->items["TzRy"]->system.rxField.table.Rows(), 10);
 }
 
 TEST_F(WaveCard, MenusUnderEditFollowTheClipboardAndCutTellsTheWindow)
@@ -167,7 +173,7 @@ TEST_F(WaveCard, MenusUnderEditFollowTheClipboardAndCutTellsTheWindow)
     auto* viewer = tx->findChild<QDialog*>();
     ASSERT_NE(viewer, nullptr);
     EXPECT_EQ(viewer->windowTitle().toStdString(), "clipboard");
-    EXPECT_EQ(viewer->findChild<QPlainTextEdit*>()->document()->blockCount(), 9);
+    EXPECT_EQ(viewer->findChild<QPlainTextEdit*>()->document()->blockCount(), 10);
 
     // Cut: one row of zeros in the grid, and one weight, the first kept.
     doc->system->weights[1] = 0.25f;

@@ -175,7 +175,7 @@ TEST_F(WaveCardLogic, MenuCommandsExchangeTheTablesAndOnlyTheWindowsTellTheirCou
 
     EXPECT_TRUE(rx.DoMenuCommand(3454));
     EXPECT_EQ(platform.clipboard.substr(0, 42), " 0.0000000e+00 0.0000000e+00 5.0000000e-01");
-    EXPECT_EQ(std::count(platform.clipboard.begin(), platform.clipboard.end(), '\n'), 9);
+    EXPECT_EQ(std::count(platform.clipboard.begin(), platform.clipboard.end(), '\n'), 10);
     EXPECT_TRUE(window.commands.empty());
 
     // Cut: the clipboard takes the windows, the grid one row of zeros, and
@@ -206,14 +206,14 @@ TEST_F(WaveCardLogic, MenuCommandsExchangeTheTablesAndOnlyTheWindowsTellTheirCou
     EXPECT_EQ(platform.Texts(xPlatform::kNote),
               Texts{"Illegal number of items on clipboard. the total number of items has to be divisible by 3 for "
                     "wform samples or by 2 for window samples."});
-    EXPECT_EQ(waveform.values.RowCount(), 9);
+    EXPECT_EQ(waveform.values.RowCount(), 10);
     // Commas and letters are no separators: nothing changes.
     platform.PutClipboardText("1,2,3\n");
     platform.messages.clear();
     EXPECT_TRUE(rx.DoMenuCommand(3455));
     EXPECT_EQ(platform.Texts(xPlatform::kNote),
               Texts{"Clipboard contains illegal character. Numbers only please (scientific notation OK)."});
-    EXPECT_EQ(waveform.values.RowCount(), 9);
+    EXPECT_EQ(waveform.values.RowCount(), 10);
     // More than the clipboard may bring: the first 4500 numbers, 1500 rows.
     std::string many;
     for (int i = 0; i < 4501; ++i)
