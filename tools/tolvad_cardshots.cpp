@@ -61,10 +61,15 @@ bool Render(const QString& path, const QDir& out, int& written)
     std::sort(codes.begin(), codes.end());
     for (int code : codes) {
         document.PickOrientation(code);
-        for (int index = 0; index < window->CardCount(); ++index) {
-            window->SelectCard(index);
+        // Selecting a tab of the back row brings that row to the front and
+        // renumbers the tabs: the cards are taken by their titles.
+        std::vector<std::string> titles;
+        for (int index = 0; index < window->CardCount(); ++index)
+            titles.push_back(window->CardAt(index)->Title());
+        for (const std::string& title : titles) {
+            xCard* card = window->FindCard(title);
+            window->SelectCardOf(card);
             QApplication::processEvents();
-            xCard* card = window->CardAt(index);
             const std::string stem = example + "-" + Slug(card->Title()) + "-" + CodeName(code);
             if (!Save(*window, out, stem, written))
                 return false;

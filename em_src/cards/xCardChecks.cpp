@@ -1,8 +1,10 @@
 #include "cards/xCardChecks.h"
 
 #include "cards/xEMFCardLogic.h"
+#include "cards/xEMFreqCardLogic.h"
 #include "cards/xEMGCardLogic.h"
 #include "cards/xEMSysCardLogic.h"
+#include "cards/xEMWaveCardLogic.h"
 #include "frame/xEMEditDesc.h"
 
 #include <algorithm>
@@ -15,6 +17,13 @@ std::unique_ptr<xCardLogic> Make(xEMDesc& document)
     return std::make_unique<Logic>(document);
 }
 
+// The logic of a card whose title chooses what it edits.
+template <typename Logic, const char* const& Title>
+std::unique_ptr<xCardLogic> MakeTitled(xEMDesc& document)
+{
+    return std::make_unique<Logic>(document, Title);
+}
+
 struct Entry {
     const char* title;
     std::unique_ptr<xCardLogic> (*make)(xEMDesc&);
@@ -23,6 +32,9 @@ struct Entry {
 // The cards with a logic of their own, by title.
 const Entry kCards[] = {
     {xEMEditDesc::kSystemCard, &Make<xEMSysCardLogic>},
+    {xEMEditDesc::kTxWaveCard, &MakeTitled<xEMWaveCardLogic, xEMEditDesc::kTxWaveCard>},
+    {xEMEditDesc::kRxWaveCard, &MakeTitled<xEMWaveCardLogic, xEMEditDesc::kRxWaveCard>},
+    {xEMEditDesc::kFrequencyCard, &Make<xEMFreqCardLogic>},
     {xEMEditDesc::kGeometryCard, &Make<xEMGCardLogic>},
     {xEMEditDesc::kFormatCard, &Make<xEMFCardLogic>},
 };

@@ -1,8 +1,10 @@
 #include "frame/xCardCatalog.h"
 
 #include "cards/xEMFCard.h"
+#include "cards/xEMFreqCard.h"
 #include "cards/xEMGCard.h"
 #include "cards/xEMSysCard.h"
+#include "cards/xEMWaveCard.h"
 #include "frame/xEMEditDesc.h"
 
 #include <map>
@@ -14,6 +16,9 @@ std::map<std::string, xCardCatalog::Maker>& Makers()
 {
     static std::map<std::string, xCardCatalog::Maker> makers = {
         {xEMEditDesc::kSystemCard, &xEMSysCard::Make},
+        {xEMEditDesc::kTxWaveCard, &xEMWaveCard::MakeTx},
+        {xEMEditDesc::kRxWaveCard, &xEMWaveCard::MakeRx},
+        {xEMEditDesc::kFrequencyCard, &xEMFreqCard::Make},
         {xEMEditDesc::kGeometryCard, &xEMGCard::Make},
         {xEMEditDesc::kFormatCard, &xEMFCard::Make},
     };

@@ -228,7 +228,7 @@ TEST_F(FormatCard, UserItemsComeFromTheEditMenuWithTheirDialogs)
     EXPECT_EQ(card->List(3)->findText(QStringLiteral("gps_time")), -1);
 
     // The menu goes with the card.
-    doc->DescWindow()->SelectCard(0);
+    doc->DescWindow()->SelectCardOf(doc->DescWindow()->FindCard("System Description"));
     Kit::Settle();
     EXPECT_EQ(Menus().Menu(Logic::kUserItemMenu), nullptr);
 }
@@ -236,9 +236,10 @@ TEST_F(FormatCard, UserItemsComeFromTheEditMenuWithTheirDialogs)
 TEST_F(FormatCard, ChangedOrientationsShowWhenTheCardComesBackOrAtOnceOnTop)
 {
     Open("survey-time-domain.DSC", "lines.xyz");
-    doc->DescWindow()->SelectCard(0);
+    // Tabs of the row in front move to the first places: the card is found by its title.
+    auto& system = *static_cast<xEMSysCard*>(doc->DescWindow()->FindCard("System Description"));
+    doc->DescWindow()->SelectCardOf(&system);
     Kit::Settle();
-    auto& system = *static_cast<xEMSysCard*>(doc->DescWindow()->CardAt(0));
     QTest::mouseClick(system.OrientationBox(101), Qt::LeftButton);
     Kit::Settle();
     EXPECT_TRUE(card->stale);

@@ -119,13 +119,15 @@ TEST(CardChecks, RunEveryCardOfEveryOrientationWithoutControlsAndChangeNothing)
     xRecordingPlatform platform;
     xEMEditDesc fresh;
     std::vector<xCardChecks::Failure> failures = xCardChecks::Run(fresh);
-    ASSERT_EQ(failures.size(), 2u);
+    ASSERT_EQ(failures.size(), 3u);
     EXPECT_EQ(failures[0].code, 109);
     EXPECT_EQ(failures[0].title, "System Description");
     EXPECT_EQ(failures[0].message, "Undefined halfperiod in real time.");
-    EXPECT_EQ(failures[1].code, 109);
-    EXPECT_EQ(failures[1].title, "Data Format");
-    EXPECT_EQ(failures[1].message, "Undefined position of line number.");
+    EXPECT_EQ(failures[1].title, "Rx Waveform");   // its table has one row
+    EXPECT_EQ(failures[1].message, "Undefined waveform or windows.");
+    EXPECT_EQ(failures[2].code, 109);
+    EXPECT_EQ(failures[2].title, "Data Format");
+    EXPECT_EQ(failures[2].message, "Undefined position of line number.");
     EXPECT_FALSE(fresh.IsChanged());
     EXPECT_EQ(xCardChecks::MakeLogic("No Such Card", fresh), nullptr);
 

@@ -1,0 +1,105 @@
+#ifndef TOLVAD_TESTS_CARDS_WAVECARDSCREEN_H
+#define TOLVAD_TESTS_CARDS_WAVECARDSCREEN_H
+
+#include "app/xQtMenuBar.h"
+#include "frame/xDescWin.h"
+#include "frame/xEMWinDesc.h"
+#include "gui/xQtPlatform.h"
+#include "gui/xRecordingPlatform.h"
+#include "tests/xEditorTestKit.h"
+#include "tests/xTempDirectory.h"
+#include "widgets/xEditField.h"
+#include "widgets/xFltGrd.h"
+#include "widgets/xGridEdView.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+// The screen tests of the waveform and frequency cards: a descriptor's window
+// on a copy of an example, the real clipboard of the screen with the
+// recording platform's messages and answers, and a user's hands on a grid.
+class WaveCardScreen : public ::testing::Test {
+protected:
+    // Messages and questions are recorded; the clipboard is the screen's.
+    class ClipboardPlatform : public xRecordingPlatform {
+    public:
+        bool HasClipboardText() override { return qt.HasClipboardText(); }
+        std::string GetClipboardText() override { return qt.GetClipboardText(); }
+        void PutClipboardText(const std::string& text) override { qt.PutClipboardText(text); }
+
+    private:
+        xQtPlatform qt;
+    };
+
+    WaveCardScreen() { QGuiApplication::clipboard()->clear(); }
+
+    void Open(const std::string& example)
+    {
+        original = xTempDirectory::Read(xEditorTestKit::Example(example));
+        xTempDirectory::Write(dir / "card.DSC", original);
+        doc = xEditorTestKit::OpenWindow(dir / "card.DSC");
+        window = doc->DescWindow();
+        QApplication::setActiveWindow(window);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    }
+    template <typename Card>
+    Card* Select(const char* title)
+    {
+        auto* card = dynamic_cast<Card*>(window->FindCard(title));
+        if (card) {
+            card->ShowCard();
+            xEditorTestKit::Settle();
+        }
+        return card;
+    }
+    // Clicks a cell, types over what its field shows and leaves it with Return.
+    static void TypeCell(xGridEdView& view, int row, int column, const std::string& text)
+    {
+        QTest::mouseClick(view.Grid(), Qt::LeftButton, Qt::NoModifier,
+                          view.Grid()->Cell(row, column)->geometry().center());
+        xEditField* field = view.EditField();
+        field->selectAll();
+        QTest::keyClick(field, Qt::Key_Backspace);
+        QTest::keyClicks(field, QString::fromStdString(text));
+        QTest::keyClick(field, Qt::Key_Return);
+    }
+    static void Copy(const std::string& text) { QGuiApplication::clipboard()->setText(QString::fromStdString(text)); }
+    static std::string Clipboard() { return QGuiApplication::clipboard()->text().toStdString(); }
+    // Opening a menu shows what the window's state allows.
+    bool Menu(long id)
+    {
+        window->UpdateMenus();
+        return xEditorTestKit::ChooseMenu(window->MenuBar(), id);
+    }
+    // The key of resource 9001 that gives an id.
+    QAction* Key(long id) const
+    {
+        for (QAction* key : window->MenuBar().Keys())
+            if (xQtMenuBar::IdOf(key) == id)
+                return key;
+        return nullptr;
+    }
+    // Saves as the user does, changed or not.
+    std::string Saved()
+    {
+        doc->SetChanged(true);
+        EXPECT_TRUE(Menu(xDoc::kSave));
+        return xTempDirectory::Read(dir / "card.DSC");
+    }
+
+    xTempDirectory dir;
+    ClipboardPlatform platform;
+    std::string original;
+    std::unique_ptr<xEMWinDesc> doc;
+    xDescWin* window = nullptr;
+};
+
+#endif
