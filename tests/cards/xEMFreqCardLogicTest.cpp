@@ -20,6 +20,8 @@ protected:
         doc.SetFilePath(std::string(TOLVAD_EXAMPLES_DIR) + "/survey-frequency-domain.DSC");
         doc.Load();
         doc.SetChanged(false);
+        // The load replaced the records the logic was made on.
+        logic.SetRecord(doc.system);
     }
 
     xRecordingPlatform platform;
