@@ -13,6 +13,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -54,6 +55,20 @@ const char kCheckFooter[] =
 std::string WrongCommandLine(const CLI::App* app, const CLI::Error& error)
 {
     return std::string(xDscTool::kProgram) + ": " + error.what() + "\n" + app->help();
+}
+
+// The arguments, with the ones of field taken as they stand: a coordinate
+// such as "-.5" would otherwise read as an option. Asking for help still works.
+std::vector<std::string> Arguments(int argc, char** argv)
+{
+    std::vector<std::string> args(argv + 1, argv + argc);
+    if (args.empty() || args[0] != "field")
+        return args;
+    for (const std::string& arg : args)
+        if (arg == "-h" || arg.rfind("--", 0) == 0)
+            return args;
+    args.insert(args.begin() + 1, "--");
+    return args;
 }
 
 } // namespace
@@ -105,7 +120,10 @@ int main(int argc, char** argv)
     check->add_flag("--json", json, "The findings and each file's state as one JSON document");
 
     try {
-        app.parse(argc, argv);
+        // CLI11 takes the arguments from the back.
+        std::vector<std::string> args = Arguments(argc, argv);
+        std::reverse(args.begin(), args.end());
+        app.parse(args);
     } catch (const CLI::ParseError& error) {
         const int status = app.exit(error, std::cout, std::cerr);
         return status == 0 ? xDscTool::kDone : xDscTool::kFailed;

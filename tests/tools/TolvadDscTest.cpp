@@ -255,6 +255,10 @@ TEST_F(TolvadDsc, FieldOfADipoleAndOfAnUnsupportedTransmitter)
     ToolRun dipole = Tool("field " + fd + " TxRx 10 0 0");
     EXPECT_EQ(dipole.status, 0) << dipole.err;
     EXPECT_EQ(dipole.out, "0.000159155 0 0\n");
+    // Coordinates are numbers, even one that begins like an option.
+    ToolRun behind = Tool("field " + fd + " TxRx -.1e2 0 0");
+    EXPECT_EQ(behind.status, 0) << behind.err;
+    EXPECT_EQ(behind.out, dipole.out);
     EXPECT_EQ(Tool("field " + fd + " TyRy 10 0 0").status, 1);
     EXPECT_EQ(Tool("field " + fd + " TxRx 10 zero 0").status, 1);
 
