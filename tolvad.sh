@@ -9,8 +9,10 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 # locales: the definitions from which the number tests build a comma-decimal locale.
+# libcli11-dev, nlohmann-json3-dev: the command line and the JSON of tolvad-dsc.
 PACKAGES=(build-essential cmake ninja-build pkg-config qt6-base-dev qt6-base-dev-tools
-          libgl-dev libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev locales)
+          libgl-dev libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev locales
+          libcli11-dev nlohmann-json3-dev)
 BUILD=${TOLVAD_BUILD_DIR:-build}
 EXAMPLE=examples/survey-time-domain.DSC
 

@@ -1,4 +1,4 @@
-#include "tests/xTempDirectory.h"
+#include "tests/tools/TolvadDscFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -13,52 +13,25 @@
 
 namespace {
 
-const std::string kExamples = TOLVAD_EXAMPLES_DIR;
-
-struct ToolRun {
-    int status;
-    std::string out;
-    std::string err;
-};
-
-// Runs the tool in a directory of its own and keeps what it printed.
-class TolvadDsc : public ::testing::Test {
-protected:
-    ToolRun Tool(const std::string& arguments)
-    {
-        const std::string out = dir / ".stdout", err = dir / ".stderr";
-        int raw = std::system(("'" + std::string(TOLVAD_DSC_EXE) + "' " + arguments + " >'" + out +
-                               "' 2>'" + err + "'").c_str());
-        ToolRun run{WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, xTempDirectory::Read(out),
-                    xTempDirectory::Read(err)};
-        std::filesystem::remove(out);
-        std::filesystem::remove(err);
-        return run;
-    }
-    // Quoted for the shell: a name in the directory, or an example.
-    std::string In(const std::string& name) { return "'" + dir / name + "'"; }
-    std::string Example(const std::string& name) { return "'" + kExamples + "/" + name + "'"; }
-    // The files of the directory, hidden ones included.
-    long Files() const
-    {
-        return std::distance(std::filesystem::directory_iterator(dir.path),
-                             std::filesystem::directory_iterator());
-    }
-
-    xTempDirectory dir;
-};
-
 TEST_F(TolvadDsc, HelpVersionAndAWrongCommandLine)
 {
     ToolRun version = Tool("--version"), help = Tool("--help");
     EXPECT_EQ(version.status + help.status, 0);
     EXPECT_EQ(version.out, "tolvad-dsc: Tolvad v. 5.00 (file v.9)\n");
-    EXPECT_NE(help.out.find("upgrade IN OUT"), std::string::npos);
+    for (const char* command : {"upgrade", "new", "info", "field", "check"})
+        EXPECT_NE(help.out.find("\n  " + std::string(command) + " "), std::string::npos) << command;
+    // Each command has its own help.
+    ToolRun check = Tool("check --help"), upgrade = Tool("upgrade --help");
+    EXPECT_EQ(check.status + upgrade.status, 0);
+    EXPECT_NE(check.out.find("\"FILE: ORIENTATION: CARD: message\""), std::string::npos);
+    EXPECT_NE(upgrade.out.find("upgrade --to DIR FILE..."), std::string::npos);
 
-    for (const char* wrong : {"", "upgrade onlyone", "frobnicate x", "field a TzRz 1 2"}) {
+    for (const char* wrong : {"", "upgrade onlyone", "upgrade a b c", "frobnicate x", "field a TzRz 1 2",
+                              "check", "check --jsn a.DSC", "upgrade --to"}) {
         ToolRun run = Tool(wrong);
         EXPECT_EQ(run.status, 1) << wrong;
-        EXPECT_NE(run.err.find("usage:"), std::string::npos) << wrong;
+        EXPECT_EQ(run.err.rfind("tolvad-dsc: ", 0), 0u) << run.err;
+        EXPECT_NE(run.err.find("Usage: tolvad-dsc"), std::string::npos) << wrong;
     }
 }
 
@@ -282,6 +255,10 @@ TEST_F(TolvadDsc, FieldOfADipoleAndOfAnUnsupportedTransmitter)
     ToolRun dipole = Tool("field " + fd + " TxRx 10 0 0");
     EXPECT_EQ(dipole.status, 0) << dipole.err;
     EXPECT_EQ(dipole.out, "0.000159155 0 0\n");
+    // Coordinates are numbers, even one that begins like an option.
+    ToolRun behind = Tool("field " + fd + " TxRx -.1e2 0 0");
+    EXPECT_EQ(behind.status, 0) << behind.err;
+    EXPECT_EQ(behind.out, dipole.out);
     EXPECT_EQ(Tool("field " + fd + " TyRy 10 0 0").status, 1);
     EXPECT_EQ(Tool("field " + fd + " TxRx 10 zero 0").status, 1);
 
