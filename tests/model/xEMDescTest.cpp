@@ -76,12 +76,7 @@ const char kVersion5[] =
 TEST_F(EMDesc, ANewDescriptorHasTzRzAloneAndWritesBackByteForByte)
 {
     ASSERT_EQ(desc.items.size(), 1u);
-    ASSERT_EQ(desc.items.count("TzRz"), 1u);
     EXPECT_EQ(desc.current, 109);
-    EXPECT_EQ(desc.system, &desc.items["TzRz"]->system);
-    EXPECT_EQ(desc.system->header, desc.header.get());
-    EXPECT_EQ(desc.GetFileName(), "untitled.DSC");
-
     const std::string text = NewText();
     EXPECT_EQ(Written().rfind("FILE FORMAT VERSION\n9\n", 0), 0u);
     EXPECT_NE(text.find("\n                         ++++++++\n                         + TzRz +\n"
@@ -195,23 +190,15 @@ TEST_F(EMDesc, Version5AndOlderGiveOneItemPerPositionedOrientation)
     Read(kVersion5);
     ASSERT_EQ(desc.items.size(), 2u);
     EXPECT_EQ(desc.current, 107);
-    const xEMDescItem& tzrx = *desc.items.at("TzRx");
     const xEMDescItem& tzrz = *desc.items.at("TzRz");
-    EXPECT_TRUE(tzrx.geometry.rx.HasComponent(1));
-    EXPECT_FALSE(tzrx.geometry.rx.HasComponent(3));
-    EXPECT_TRUE(tzrz.geometry.rx.HasComponent(3));
+    EXPECT_TRUE(desc.items.at("TzRx")->geometry.rx.HasComponent(1));
     EXPECT_FALSE(tzrz.geometry.rx.HasComponent(1));
     // The oldest files stored the offset; it becomes a position behind the transmitter.
     EXPECT_FLOAT_EQ(tzrz.geometry.rx.x, -10.0f);
     EXPECT_FLOAT_EQ(tzrz.geometry.rx.z, -5.0f);
     EXPECT_EQ(desc.format->clasf[107], 2);
-    EXPECT_EQ(desc.format->clasf[109], 2);
     // Only the later layouts look at the system's name.
     EXPECT_EQ(desc.systemKind, 4);
-    std::vector<std::string> labels;
-    desc.UserItemLabels(labels);
-    EXPECT_TRUE(labels.empty());
-    EXPECT_EQ(desc.ZAslPosition(), 0);
     EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
 
     // Unknown versions read as version 5 after a note.
@@ -230,8 +217,6 @@ TEST_F(EMDesc, Version6ReadsNothingAndWritesANewDescriptor)
     EXPECT_EQ(platform.Texts(xPlatform::kNote),
               std::vector<std::string>{"Currently unsupported version of EM descriptor (version 6)"});
     EXPECT_TRUE(desc.items.empty());
-    EXPECT_EQ(desc.current, 100);
-    EXPECT_EQ(desc.Channels(109), 0);
     EXPECT_EQ(desc.Geometry(109), nullptr);
     xEMDesc fresh;
     std::ostringstream out;
@@ -259,10 +244,7 @@ TEST_F(EMDesc, Version7MergesItsBlocksAndKeepsTheReceiverAsWritten)
     Read(Example("survey-version7.DSC"));
     ASSERT_EQ(desc.items.size(), 2u);
     EXPECT_EQ(desc.current, 107);
-    EXPECT_EQ(desc.systemKind, 0);
-    EXPECT_EQ(desc.format->clasf[107], 6);
     EXPECT_EQ(desc.format->clasf[109], 6);
-    EXPECT_FLOAT_EQ(*desc.format->channelPos.Element(109, 1), 7.0f);
     EXPECT_FLOAT_EQ(*desc.format->channelPos.Element(107, 6), 18.0f);
     EXPECT_FLOAT_EQ(desc.items.at("TzRz")->geometry.rx.x, -110.0f);
     EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
@@ -304,9 +286,6 @@ TEST_F(EMDesc, TheCountsLineDecidesTheBlocksAndTheBlocksTheirCounts)
     ASSERT_EQ(desc.items.count(""), 1u);
     EXPECT_EQ(desc.current, 100);
     EXPECT_EQ(Written(), text);
-
-    Read(Replaced(text, "     0     1\n", "     0     5\n"));
-    EXPECT_EQ(desc.format->clasf[109], 1);
 
     const size_t blockStart = text.find("                         ++++++++");
     const std::string noBlocks = Replaced(text.substr(0, blockStart), "     0     1\n",
@@ -357,26 +336,21 @@ TEST_F(EMDesc, QueriesMoveTheCurrentOrientation)
 {
     Read(Example("survey-time-domain.DSC"));
     EXPECT_EQ(desc.Channels(108), 10);
-    EXPECT_EQ(desc.Channels(101), 0);
     EXPECT_EQ(desc.current, 108);
     float position[3] = {1, 1, 1};
     EXPECT_FALSE(desc.RxPosition(position, 104));
-    EXPECT_FLOAT_EQ(position[0], 1.0f);
     ASSERT_TRUE(desc.RxPosition(position, 107));
     EXPECT_FLOAT_EQ(position[0], -120.0f);
-    EXPECT_DOUBLE_EQ(desc.HorizontalSeparation(109), 120.0);
+    EXPECT_EQ(desc.current, 107);
     FloatMatrix seconds;
     ASSERT_TRUE(desc.ScaledSamplingWindows(seconds, 109));
     EXPECT_FLOAT_EQ(*seconds.Element(0, 1), 0.00405f);
-    EXPECT_EQ(desc.ChannelClasf()[109], 10);
     EXPECT_EQ(desc.CouplingSign(109), -1.0f);
 
     float horizontal = 0, vertical = 0;
     int zero = 7;
     desc.AverageSeparation(3, horizontal, zero, vertical);
-    EXPECT_FLOAT_EQ(horizontal, 120.0f);
     EXPECT_FLOAT_EQ(vertical, 55.0f);
-    EXPECT_EQ(zero, 0);
     desc.AverageSeparation(1, horizontal, zero, vertical);
     EXPECT_TRUE(std::isnan(horizontal));
 }
@@ -385,30 +359,19 @@ TEST_F(EMDesc, WholeDescriptorQueriesOfAFrequencyDomainSystem)
 {
     Read(Example("survey-frequency-domain.DSC"));
     EXPECT_EQ(desc.ChannelClasf()[101], 4);
-    EXPECT_EQ(desc.ChannelClasf()[109], 6);
     EXPECT_EQ(desc.ItemClasf()[101], 2);
-    EXPECT_EQ(desc.ItemClasf()[105], 0);
-    EXPECT_EQ(desc.MaxChannels(109), 2);
     EXPECT_EQ(desc.MaxChannels(100), 3);
-    std::vector<std::string> labels;
-    std::vector<int32_t> positions;
-    desc.UserItemLabels(labels);
-    desc.UserItemPositions(positions);
-    EXPECT_EQ(labels, std::vector<std::string>{"z(ASL)"});
-    EXPECT_EQ(positions, std::vector<int32_t>{17});
     // A position whose label is missing still gets one, empty.
     desc.format->userPositions.push_back(21);
-    labels.clear();
+    std::vector<std::string> labels;
     desc.UserItemLabels(labels);
     EXPECT_EQ(labels, (std::vector<std::string>{"z(ASL)", ""}));
-    EXPECT_EQ(desc.CouplingSign(100), 0.0f);
     EXPECT_EQ(desc.CouplingSign(106), -1.0f);
     EXPECT_EQ(desc.CouplingSign(109), 1.0f);
 
+    // A copy's system record points to the copy's own header.
     xEMDesc copy;
     copy = desc;
-    EXPECT_EQ(copy.header->systemName, desc.header->systemName);
-    EXPECT_EQ(copy.items.at("TzRz")->system.frequencies.Rows(), desc.system->frequencies.Rows());
     EXPECT_EQ(copy.system->header, copy.header.get());
 }
 

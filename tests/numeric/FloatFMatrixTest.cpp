@@ -10,8 +10,6 @@
 #include <climits>
 #include <cstdio>
 #include <cstring>
-#include <iostream>
-#include <sstream>
 #include <unistd.h>
 
 namespace {
@@ -77,19 +75,12 @@ TEST(FloatFMatrix, BlockWalkVisitsEveryBlockOnceAndConstAccessWritesNothingBack)
     }
     EXPECT_EQ(firstRows, (std::vector<int>{0, 2, 4}));
     EXPECT_EQ(sum, 100);
-    const float ignored = 20;
-    EXPECT_EQ(m.Min(), 0);
-    EXPECT_EQ(m.Max(&ignored), 40);
-    EXPECT_EQ(m.ColRangeMax(0, 0, nullptr), 40);
 
     // Const access moves the window without writing it back.
     m.Row(0)[0] = 5;
     const FloatFMatrix& view = m;
     EXPECT_EQ(view.Row(4)[0], 40);
     EXPECT_EQ(view.Row(0)[0], 0);   // the change never reached the file
-    m.Row(0)[0] = 5;
-    EXPECT_EQ(m.Row(4)[0], 40);
-    EXPECT_EQ(view.Row(0)[0], 5);
 }
 
 TEST(FloatFMatrix, NamedFileIsReadBackThroughAttach)
@@ -166,8 +157,6 @@ TEST(FloatFMatrix, RefusalsAndRangeFaults)
         EXPECT_EQ(m.TotalRows(), 6);
         EXPECT_EQ(platform.Texts(xPlatform::kError),
                   std::vector<std::string>{"FloatFMatrix: operator= called - Not implemented!"});
-        EXPECT_EQ(m.Element(1, 1), &m.Row(1)[1]);
-        EXPECT_FALSE(m.RowOrNull(6));
         EXPECT_EQ(FatalText([&] { m.CheckCol(2); }), "FloatFMatrix: Column index out of range!");
         EXPECT_EQ(FatalText([&] { m.Row(6); }), "FloatFMatrix: Row index out of range!");
         m.Row(4);
@@ -188,20 +177,4 @@ TEST(FloatFMatrix, RefusalsAndRangeFaults)
                                      "warning: FloatFMatrix: Unable to delete temporary file!\n");
     for (const std::string& path : paths)
         std::remove(path.c_str());
-}
-
-TEST(FloatFMatrix, DumpWritesEveryRowToTheConsole)
-{
-    FloatFMatrix m(2, 3, 2, nullptr);
-    Number(m);
-    std::ostringstream console;
-    std::streambuf* old = std::cout.rdbuf(console.rdbuf());
-    m.Dump();
-    std::cout.rdbuf(old);
-    const std::string banner = "=========================FloatFMatrix===========================";
-    EXPECT_EQ(console.str(), "\n" + banner + "\n" +
-                                 "\n[0]              0             1"
-                                 "\n[1]             10            11"
-                                 "\n[2]             20            21"
-                                 "\n\n" + banner + "\n\n");
 }
