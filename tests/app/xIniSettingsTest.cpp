@@ -67,26 +67,23 @@ protected:
     IniTestPlatform platform;
 };
 
-TEST_F(IniSettingsTest, MissingFileKeepsDefaultsQuietlyAndDestroyWritesAFullFile)
+TEST_F(IniSettingsTest, MissingFileKeepsDefaultsQuietlyAndValuesSurviveWritingAndReading)
 {
     std::string before = platform.CurrentDirectory();
     CreateIni();
-    xIniSettings* first = iniSettings;
+    xIniSettings* ini = iniSettings;
     CreateIni();
-    EXPECT_EQ(iniSettings, first);
+    EXPECT_EQ(iniSettings, ini);
     EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
-    EXPECT_EQ(&iniSettings->GetApproxTable(7), &iniSettings->GetApproxTable(1));
-    EXPECT_EQ(iniSettings->GetDynamicTitle(), nullptr);
+    EXPECT_EQ(&ini->GetApproxTable(7), &ini->GetApproxTable(1));
+    EXPECT_EQ(ini->GetDynamicTitle(), nullptr);
     DestroyIni();
     EXPECT_EQ(platform.Get("Varnel.INI"), kDefaultFile);
     EXPECT_EQ(platform.CurrentDirectory(), before);
     EXPECT_EQ(FilesInStartup(), 1);
-}
 
-TEST_F(IniSettingsTest, ValuesSurviveWritingAndReading)
-{
     CreateIni();
-    xIniSettings* ini = iniSettings;
+    ini = iniSettings;
     ini->projects = {"/data/a", "/data/b"};
     ini->unresolvedColor = xIniSettings::kLightGray;
     ini->font = {"courier", 2, 14};
@@ -270,8 +267,6 @@ TEST_F(IniSettingsTest, JunkAndHugeFilesGiveWarningsAndDefaults)
     for (int i = 0; i < 70000; ++i)
         junk += static_cast<char>((i * 7919) % 256);
     Open(junk);
-    EXPECT_EQ(Errors(), all);
-    Open(std::string(1000000, '\n'));
     EXPECT_EQ(Errors(), all);
 
     // A million lines ahead of the real file.

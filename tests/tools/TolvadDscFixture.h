@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <spawn.h>
 #include <string>
 #include <sys/wait.h>
 #include <vector>
@@ -31,6 +33,28 @@ protected:
         std::filesystem::remove(err);
         return run;
     }
+    // Starts the tool without a shell, standard output into outFile and
+    // standard error onto errFd (none: both to /dev/null); gives its process id.
+    pid_t Spawn(const std::vector<std::string>& arguments, int errFd = -1,
+                const std::string& outFile = "/dev/null")
+    {
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_addopen(&actions, 1, outFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+        if (errFd < 0)
+            posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
+        else
+            posix_spawn_file_actions_adddup2(&actions, errFd, 2);
+        std::vector<char*> argv = {const_cast<char*>(TOLVAD_DSC_EXE)};
+        for (const std::string& argument : arguments)
+            argv.push_back(const_cast<char*>(argument.c_str()));
+        argv.push_back(nullptr);
+        pid_t child = -1;
+        if (posix_spawn(&child, TOLVAD_DSC_EXE, &actions, nullptr, argv.data(), environ) != 0)
+            child = -1;
+        posix_spawn_file_actions_destroy(&actions);
+        return child;
+    }
     // Quoted for the shell: a name in the directory, or an example.
     std::string In(const std::string& name) { return "'" + dir / name + "'"; }
     std::string Example(const std::string& name) { return "'" + kExamples + "/" + name + "'"; }
@@ -52,6 +76,13 @@ protected:
             text.replace(at, from.size(), to);
         }
         xTempDirectory::Write(dir / name, text);
+    }
+    // The text of an example from the first from on up to the separator line after it.
+    static std::string Block(const std::string& example, const std::string& from)
+    {
+        const std::string text = xTempDirectory::Read(kExamples + "/" + example);
+        const size_t at = text.find(from);
+        return text.substr(at, text.find("_____", at) - at);
     }
 
     xTempDirectory dir;

@@ -4,10 +4,7 @@
 
 #include <chrono>
 #include <csignal>
-#include <fcntl.h>
-#include <spawn.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -15,14 +12,13 @@ namespace {
 
 TEST_F(TolvadDsc, HelpVersionAndAWrongCommandLine)
 {
-    ToolRun version = Tool("--version"), help = Tool("--help");
-    EXPECT_EQ(version.status + help.status, 0);
+    ToolRun version = Tool("--version"), help = Tool("--help"), check = Tool("check --help"),
+            upgrade = Tool("upgrade --help");
+    EXPECT_EQ(version.status + help.status + check.status + upgrade.status, 0);
     EXPECT_EQ(version.out, "tolvad-dsc: Tolvad v. 5.00 (file v.9)\n");
     for (const char* command : {"upgrade", "new", "info", "field", "check"})
         EXPECT_NE(help.out.find("\n  " + std::string(command) + " "), std::string::npos) << command;
     // Each command has its own help.
-    ToolRun check = Tool("check --help"), upgrade = Tool("upgrade --help");
-    EXPECT_EQ(check.status + upgrade.status, 0);
     EXPECT_NE(check.out.find("\"FILE: ORIENTATION: CARD: message\""), std::string::npos);
     EXPECT_NE(upgrade.out.find("upgrade --to DIR FILE..."), std::string::npos);
 
@@ -35,26 +31,6 @@ TEST_F(TolvadDsc, HelpVersionAndAWrongCommandLine)
     }
 }
 
-TEST_F(TolvadDsc, UpgradeWritesVersion9ThatUpgradesToItself)
-{
-    ToolRun run = Tool("upgrade " + Example("survey-version7.DSC") + " " + In("new.DSC"));
-    ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.err, "");
-    const std::string upgraded = xTempDirectory::Read(dir / "new.DSC");
-    EXPECT_EQ(upgraded.rfind("FILE FORMAT VERSION\n9\n", 0), 0u);
-
-    // Replacing a file keeps its mode.
-    xTempDirectory::Write(dir / "again.DSC", "old");
-    chmod((dir / "again.DSC").c_str(), 0640);
-    ASSERT_EQ(Tool("upgrade " + In("new.DSC") + " " + In("again.DSC")).status, 0);
-    EXPECT_EQ(xTempDirectory::Read(dir / "again.DSC"), upgraded);
-    struct stat st;
-    ASSERT_EQ(stat((dir / "again.DSC").c_str(), &st), 0);
-    EXPECT_EQ(st.st_mode & 07777, 0640u);
-    // Nothing but the two results is left in the directory.
-    EXPECT_EQ(Files(), 2);
-}
-
 TEST_F(TolvadDsc, WhatIsNoDescriptorIsNeverWrittenOver)
 {
     const std::string notes = "Shopping list\nmilk\n";
@@ -65,15 +41,13 @@ TEST_F(TolvadDsc, WhatIsNoDescriptorIsNeverWrittenOver)
     const std::string unknown = "note: Unknown version of EM descriptor (version 0). Conversion "
                                 "to version 8 is not guaranteed.\n";
     const std::string refused[][3] = {
-        {"notes.txt", unknown,
-         "error: " + dir / "notes.txt" + " is not a descriptor: its first line is not \"FILE FORMAT VERSION\"\n"},
-        {"nine.DSC", unknown,
-         "error: " + dir / "nine.DSC" + " is not a descriptor: no version number follows \"FILE FORMAT VERSION\"\n"},
+        {"notes.txt", unknown, " is not a descriptor: its first line is not \"FILE FORMAT VERSION\"\n"},
+        {"nine.DSC", unknown, " is not a descriptor: no version number follows \"FILE FORMAT VERSION\"\n"},
         {"v6.DSC", "note: Currently unsupported version of EM descriptor (version 6)\n",
-         "error: " + dir / "v6.DSC" + " is a descriptor of version 6, which is not supported\n"}};
-    for (const auto& [name, first, last] : refused) {
-        ToolRun upgrade = Tool("upgrade " + In(name) + " " + In("out.DSC"));
-        ToolRun info = Tool("info " + In(name));
+         " is a descriptor of version 6, which is not supported\n"}};
+    for (const auto& [name, first, reason] : refused) {
+        const std::string last = "error: " + dir / name + reason;
+        ToolRun upgrade = Tool("upgrade " + In(name) + " " + In("out.DSC")), info = Tool("info " + In(name));
         for (const ToolRun& run : {upgrade, info}) {
             EXPECT_EQ(run.status, 2) << name;
             EXPECT_EQ(run.err.rfind(first, 0), 0u) << run.err;
@@ -97,38 +71,53 @@ TEST_F(TolvadDsc, WhatIsNoDescriptorIsNeverWrittenOver)
     EXPECT_EQ(xTempDirectory::Read(dir / "out.DSC"), text);
 }
 
-TEST_F(TolvadDsc, EverySavedFileReadsBack)
+TEST_F(TolvadDsc, UpgradeWritesVersion9AndEverySavedFileReadsBack)
 {
+    ToolRun run = Tool("upgrade " + Example("survey-version7.DSC") + " " + In("new.DSC"));
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(xTempDirectory::Read(dir / "new.DSC").rfind("FILE FORMAT VERSION\n9\n", 0), 0u);
+
     // A position of six digits once ran into the row index before it.
-    const std::string row = "     1     0     0     0     0     0     0     0     7    17    27\n";
-    const std::string wide = "     1     0     0     0     0     0     0     0     7    17 100000\n";
-    std::string text = xTempDirectory::Read(kExamples + "/survey-time-domain.DSC");
-    ASSERT_NE(text.find(row), std::string::npos);
-    text.replace(text.find(row), row.size(), wide);
-    xTempDirectory::Write(dir / "wide.DSC", text);
+    WriteEdited("wide.DSC", "survey-time-domain.DSC", {{"7    17    27\n", "7    17 100000\n"}});
     ASSERT_EQ(Tool("upgrade " + In("wide.DSC") + " " + In("out.DSC")).status, 0);
-    EXPECT_EQ(xTempDirectory::Read(dir / "out.DSC"), text);
+    EXPECT_EQ(xTempDirectory::Read(dir / "out.DSC"), xTempDirectory::Read(dir / "wide.DSC"));
     ToolRun info = Tool("info " + In("out.DSC"));
     EXPECT_EQ(info.status, 0) << info.err;
     EXPECT_EQ(info.err, "");
 }
 
-TEST_F(TolvadDsc, AFewBytesDeclaringMillionsOfRowsEndAtTheCount)
+TEST_F(TolvadDsc, ReaderFailuresLeaveTheOutputUntouched)
 {
+    // A truncated file, and a few bytes declaring millions of rows that end at the count.
     std::string text = xTempDirectory::Read(kExamples + "/survey-time-domain.DSC");
-    text.replace(text.find("RECEIVER SAMPLING\n10\n"), 21, "RECEIVER SAMPLING\n30000000\n");
-    xTempDirectory::Write(dir / "absurd.DSC", text);
-    ToolRun run = Tool("upgrade " + In("absurd.DSC") + " " + In("out.DSC"));
-    EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.err, "fatal: xEMDesc::Read()  Error reading EM system descriptor.\n");
-    EXPECT_FALSE(std::filesystem::exists(dir / "out.DSC"));
+    xTempDirectory::Write(dir / "broken.DSC", text.substr(0, text.find("RECEIVER SAMPLING") + 20));
+    WriteEdited("absurd.DSC", "survey-time-domain.DSC", {{"RECEIVER SAMPLING\n10\n", "RECEIVER SAMPLING\n30000000\n"}});
+    xTempDirectory::Write(dir / "out.DSC", "keep me");
+    for (const char* name : {"broken.DSC", "absurd.DSC"}) {
+        ToolRun run = Tool("upgrade " + In(name) + " " + In("out.DSC"));
+        EXPECT_EQ(run.status, 2) << name;
+        EXPECT_EQ(run.err, "fatal: xEMDesc::Read()  Error reading EM system descriptor.\n");
+        EXPECT_EQ(xTempDirectory::Read(dir / "out.DSC"), "keep me");
+    }
+    EXPECT_EQ(Files(), 3);
+
+    // A file that can't be read or written ends with status 1.
+    ToolRun run = Tool("upgrade " + In("none.DSC") + " " + In("none-out.DSC"));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.err.find("cannot read"), std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(dir / "none-out.DSC"));
+    EXPECT_EQ(Tool("info '" + dir.path + "'").status, 1);
+    run = Tool("new " + In("no/such/dir/x.DSC"));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.err.find("cannot write"), std::string::npos);
 }
 
-TEST_F(TolvadDsc, OutIsReplacedThroughItsLinksKeepingItsOwnerAndAReadOnlyOneIsRefused)
+TEST_F(TolvadDsc, OutIsReplacedThroughItsLinksKeepingItsOwnerAndModeAndAReadOnlyOneIsRefused)
 {
     const std::string example = Example("survey-frequency-domain.DSC");
-    const std::string text = xTempDirectory::Read(kExamples + "/survey-frequency-domain.DSC");
     xTempDirectory::Write(dir / "target.DSC", "old");
+    ::chmod((dir / "target.DSC").c_str(), 0640);
     std::filesystem::create_symlink("target.DSC", dir / "link.DSC");
     const bool root = ::geteuid() == 0;
     if (root) {
@@ -137,9 +126,10 @@ TEST_F(TolvadDsc, OutIsReplacedThroughItsLinksKeepingItsOwnerAndAReadOnlyOneIsRe
     ToolRun run = Tool("upgrade " + example + " " + In("link.DSC"));
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_TRUE(std::filesystem::is_symlink(dir / "link.DSC"));
-    EXPECT_EQ(xTempDirectory::Read(dir / "target.DSC"), text);
+    EXPECT_EQ(xTempDirectory::Read(dir / "target.DSC"), xTempDirectory::Read(kExamples + "/survey-frequency-domain.DSC"));
     struct stat st;
     ASSERT_EQ(::stat((dir / "target.DSC").c_str(), &st), 0);
+    EXPECT_EQ(st.st_mode & 07777, 0640u);
     if (root) {
         EXPECT_EQ(st.st_uid, 4321u);
         EXPECT_EQ(st.st_gid, 4321u);
@@ -174,16 +164,9 @@ TEST_F(TolvadDsc, SignalsWhileWritingLeaveNoTemporaryFile)
     text.replace(positionsAt, text.find("-----", positionsAt) - positionsAt, rows);
     xTempDirectory::Write(dir / "large.DSC", text);
 
-    const std::string exe = TOLVAD_DSC_EXE, in = dir / "large.DSC", out = dir / "out.DSC";
     for (int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
-        char* const argv[] = {const_cast<char*>(exe.c_str()), const_cast<char*>("upgrade"),
-                              const_cast<char*>(in.c_str()), const_cast<char*>(out.c_str()), nullptr};
-        pid_t child = 0;
-        ASSERT_EQ(posix_spawn(&child, exe.c_str(), &actions, nullptr, argv, environ), 0);
-        posix_spawn_file_actions_destroy(&actions);
+        const pid_t child = Spawn({"upgrade", dir / "large.DSC", dir / "out.DSC"});
+        ASSERT_GT(child, 0);
         // Held still as soon as its temporary file is there, then signalled.
         bool caught = false;
         for (int wait = 0; wait < 20000 && !caught; ++wait) {
@@ -200,48 +183,20 @@ TEST_F(TolvadDsc, SignalsWhileWritingLeaveNoTemporaryFile)
         EXPECT_TRUE(caught);
         ASSERT_TRUE(WIFSIGNALED(status)) << signal;
         EXPECT_EQ(WTERMSIG(status), signal);
-        EXPECT_FALSE(std::filesystem::exists(out));
-        EXPECT_EQ(Files(), 1) << signal;
+        EXPECT_EQ(Files(), 1) << signal;   // no out.DSC, no temporary file
     }
-}
-
-TEST_F(TolvadDsc, ReaderMessagesGoToStandardErrorAndFailuresLeaveTheOutputUntouched)
-{
-    std::string broken = xTempDirectory::Read(kExamples + "/survey-time-domain.DSC");
-    broken.resize(broken.find("RECEIVER SAMPLING") + 20);
-    xTempDirectory::Write(dir / "broken.DSC", broken);
-    xTempDirectory::Write(dir / "out.DSC", "keep me");
-    ToolRun run = Tool("upgrade " + In("broken.DSC") + " " + In("out.DSC"));
-    EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.err, "fatal: xEMDesc::Read()  Error reading EM system descriptor.\n");
-    EXPECT_EQ(xTempDirectory::Read(dir / "out.DSC"), "keep me");
-    EXPECT_EQ(Files(), 2);
-
-    // A file that can't be read or written ends with status 1.
-    run = Tool("upgrade " + In("none.DSC") + " " + In("none-out.DSC"));
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.err.find("cannot read"), std::string::npos);
-    EXPECT_FALSE(std::filesystem::exists(dir / "none-out.DSC"));
-    EXPECT_EQ(Tool("info '" + dir.path + "'").status, 1);
-    run = Tool("new " + In("no/such/dir/x.DSC"));
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.err.find("cannot write"), std::string::npos);
 }
 
 TEST_F(TolvadDsc, InfoSummarisesNewDescriptorsAndTheExamples)
 {
     ASSERT_EQ(Tool("new " + In("fresh.DSC")).status, 0);
     for (auto [file, summary] : std::vector<std::pair<std::string, std::string>>{
-             {In("fresh.DSC"),
-              "Version read:  9\nSystem name:   \nDomain:        time\nTime unit:     sec\n"
-              "Orientations:  1\n  TzRz     1 channels      Tx moving large loop, Rx moving "
-              "dipole\n"},
-             {Example("survey-time-domain.DSC"),
-              "Domain:        time\nTime unit:     mSec\nOrientations:  3\n  TzRx    10 channels "},
+             {In("fresh.DSC"), "Version read:  9\nSystem name:   \nDomain:        time\nTime unit:     sec\n"
+                               "Orientations:  1\n  TzRz     1 channels      Tx moving large loop, Rx moving dipole\n"},
+             {Example("survey-time-domain.DSC"), "Time unit:     mSec\nOrientations:  3\n  TzRx    10 channels "},
              {Example("survey-frequency-domain.DSC"),
               "Domain:        frequency\nTime unit:     sec\nOrientations:  2\n"
-              "  TxRx     2 frequencies   Tx moving dipole, Rx moving dipole\n"
-              "  TzRz     3 frequencies "},
+              "  TxRx     2 frequencies   Tx moving dipole, Rx moving dipole\n  TzRz     3 frequencies "},
              {Example("survey-version7.DSC"), "Version read:  7\n"}}) {
         ToolRun info = Tool("info " + file);
         EXPECT_EQ(info.status, 0) << info.err;
@@ -256,18 +211,13 @@ TEST_F(TolvadDsc, FieldOfADipoleAndOfAnUnsupportedTransmitter)
     EXPECT_EQ(dipole.status, 0) << dipole.err;
     EXPECT_EQ(dipole.out, "0.000159155 0 0\n");
     // Coordinates are numbers, even one that begins like an option.
-    ToolRun behind = Tool("field " + fd + " TxRx -.1e2 0 0");
-    EXPECT_EQ(behind.status, 0) << behind.err;
-    EXPECT_EQ(behind.out, dipole.out);
+    EXPECT_EQ(Tool("field " + fd + " TxRx -.1e2 0 0").out, dipole.out);
     EXPECT_EQ(Tool("field " + fd + " TyRy 10 0 0").status, 1);
     EXPECT_EQ(Tool("field " + fd + " TxRx 10 zero 0").status, 1);
 
-    std::string bipole = xTempDirectory::Read(kExamples + "/survey-frequency-domain.DSC");
-    const std::string dipoleTx = "moving dipole\nx\n      1       0       0\n";
-    ASSERT_NE(bipole.find(dipoleTx), std::string::npos);
-    bipole.replace(bipole.find(dipoleTx), dipoleTx.size(),
-                   "moving el. bipole\nx\n      1       0       0\n     -1       0       0\n");
-    xTempDirectory::Write(dir / "bipole.DSC", bipole);
+    WriteEdited("bipole.DSC", "survey-frequency-domain.DSC",
+                {{"moving dipole\nx\n      1       0       0\n",
+                  "moving el. bipole\nx\n      1       0       0\n     -1       0       0\n"}});
     ToolRun unsupported = Tool("field " + In("bipole.DSC") + " TxRx 10 0 0");
     EXPECT_EQ(unsupported.status, 2);
     EXPECT_EQ(unsupported.err, "error: Used Transmitter type is not supported!\n");
