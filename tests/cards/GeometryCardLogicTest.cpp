@@ -50,28 +50,18 @@ TEST_F(GeometryCardLogic, TheTransmitterStaysInTheMiddleAndTheReceiverFollowsThe
 {
     EXPECT_EQ(logic.IconPlace(false).x, 160.0);
     EXPECT_EQ(logic.IconPlace(false).y, 130.0);
-    // Default record: 100 left, 50 below in the section; level in the plan.
+    // Default record: 100 left, 50 below in the section; level in the plan,
+    // whose y grows downward.
     EXPECT_EQ(Offset(), std::make_pair(-100.0, 50.0));
     logic.FlipView();
-    EXPECT_TRUE(logic.PlanView());
-    EXPECT_EQ(Offset(), std::make_pair(-100.0, 0.0));
-    geometry.rx.y = 30.0f;   // the plan's y grows downward
+    geometry.rx.y = 30.0f;
     EXPECT_EQ(Offset(), std::make_pair(-100.0, 30.0));
-    geometry.rx.y = 0.0f;
 
-    // A new transmitter position moves the receiver along: the drawing stays.
+    // A new transmitter position moves the receiver along; the same one again changes nothing.
     const float moved[3] = {5.0f, 0.0f, 0.0f};
     EXPECT_TRUE(logic.EditTxPosition(moved));
-    EXPECT_EQ(geometry.tx.x, 5.0f);
     EXPECT_EQ(geometry.rx.x, -95.0f);
-    EXPECT_EQ(geometry.rx.z, -50.0f);
-    EXPECT_EQ(Offset(), std::make_pair(-100.0, 0.0));
-    logic.FlipView();
-    EXPECT_EQ(Offset(), std::make_pair(-100.0, 50.0));
-    EXPECT_TRUE(doc.IsChanged());
     EXPECT_EQ(window.commands, std::vector<long>{xEMEditDesc::kCopyGeometry});
-
-    // The same position again changes nothing.
     doc.SetChanged(false);
     EXPECT_FALSE(logic.EditTxPosition(moved));
     EXPECT_FALSE(doc.IsChanged());
@@ -96,35 +86,28 @@ TEST_F(GeometryCardLogic, TheTransmitterStaysInTheMiddleAndTheReceiverFollowsThe
 
 TEST_F(GeometryCardLogic, EachSensorGetsThePictureOfItsKindComponentAndView)
 {
+    // z: up in the section, out of the plan; x: a horizontal line in both;
+    // no cosine above the others: horizontal; y: down the plan, into the section.
+    struct Case { float x, y, z; bool plan; Shape shape; Arrow arrow; };
+    const Case cases[] = {{0, 0, 1, false, Shape::kOvalLine, Arrow::kUp},     {0, 0, 1, true, Shape::kOvalDot, Arrow::kNone},
+                          {0.1f, 0, -0.9f, false, Shape::kOvalLine, Arrow::kDown},
+                          {-1, 0, 0, false, Shape::kOvalLine, Arrow::kLeft},  {-1, 0, 0, true, Shape::kOvalLine, Arrow::kLeft},
+                          {0.6f, 0.6f, 0.6f, true, Shape::kOvalLine, Arrow::kRight},
+                          {0, 1, 0, true, Shape::kOvalLine, Arrow::kDown},    {0, 1, 0, false, Shape::kOvalCross, Arrow::kNone},
+                          {0, -1, 0, true, Shape::kOvalLine, Arrow::kUp}};
     xEMSensorType dipole;
-    auto along = [&dipole](float x, float y, float z) {
-        const float cosines[3] = {x, y, z};
+    for (const Case& c : cases) {
+        const float cosines[3] = {c.x, c.y, c.z};
         dipole.SetDipoleCosines(2, cosines);
-    };
-    along(0.0f, 0.0f, 1.0f);   // z: up in the section, out of the plan
-    EXPECT_TRUE(Same(Logic::PictureOf(dipole, 2, false), Shape::kOvalLine, Arrow::kUp));
-    EXPECT_TRUE(Same(Logic::PictureOf(dipole, 2, true), Shape::kOvalDot, Arrow::kNone));
-    along(0.1f, 0.0f, -0.9f);
-    EXPECT_TRUE(Same(Logic::PictureOf(dipole, 2, false), Shape::kOvalLine, Arrow::kDown));
-    along(-1.0f, 0.0f, 0.0f);   // x: a horizontal line in both
-    EXPECT_TRUE(Same(Logic::PictureOf(dipole, 2, false), Shape::kOvalLine, Arrow::kLeft));
-    EXPECT_TRUE(Same(Logic::PictureOf(dipole, 2, true), Shape::kOvalLine, Arrow::kLeft));
-    along(0.6f, 0.6f, 0.6f);   // no cosine above the others: horizontal
-    EXPECT_TRUE(Same(Logic::PictureOf(dipole, 2, true), Shape::kOvalLine, Arrow::kRight));
-    along(0.0f, 1.0f, 0.0f);   // y: down the plan, into the section
-    EXPECT_TRUE(Same(Logic::PictureOf(dipole, 2, true), Shape::kOvalLine, Arrow::kDown));
-    EXPECT_TRUE(Same(Logic::PictureOf(dipole, 2, false), Shape::kOvalCross, Arrow::kNone));
-    along(0.0f, -1.0f, 0.0f);
-    EXPECT_TRUE(Same(Logic::PictureOf(dipole, 2, true), Shape::kOvalLine, Arrow::kUp));
+        EXPECT_TRUE(Same(Logic::PictureOf(dipole, 2, c.plan), c.shape, c.arrow)) << c.x << c.y << c.z << c.plan;
+    }
     // Without the component only the oval.
     EXPECT_TRUE(Same(Logic::PictureOf(dipole, 3, false), Shape::kOval, Arrow::kNone));
 
     EXPECT_EQ(Logic::KindOf(geometry.tx), Logic::IconKind::kLoop);
-    EXPECT_TRUE(Same(Logic::PictureOf(geometry.tx, 3, false), Shape::kLoopSection, Arrow::kNone));
     EXPECT_TRUE(Same(Logic::PictureOf(geometry.tx, 3, true), Shape::kLoopPlan, Arrow::kNone));
     xEMSensorType other;
     other.SetBipole();
-    EXPECT_EQ(Logic::KindOf(other), Logic::IconKind::kBipole);
     EXPECT_TRUE(Same(Logic::PictureOf(other, 1, true), Shape::kBipole, Arrow::kNone));
     other.kind = "coil";   // a kind of no known shape is drawn as a dipole without its component
     EXPECT_EQ(Logic::KindOf(other), Logic::IconKind::kDipole);
@@ -135,19 +118,12 @@ TEST_F(GeometryCardLogic, ListsStoreWhatDiffersAndAKindBringsItsDefaultShape)
 {
     EXPECT_FALSE(logic.ChooseMotion(true, "moving"));
     EXPECT_FALSE(doc.IsChanged());
-    EXPECT_TRUE(logic.ChooseMotion(true, "fixed"));
-    EXPECT_EQ(geometry.rx.motion, "fixed");
     EXPECT_TRUE(logic.ChooseMotion(false, "fixed"));
     EXPECT_EQ(geometry.tx.motion, "fixed");
     EXPECT_TRUE(doc.IsChanged());
 
     window.commands.clear();
     EXPECT_TRUE(logic.ChooseKind(true, "large loop", 3));
-    FloatMatrix loop;
-    ASSERT_TRUE(geometry.rx.GetLoop(3, loop));
-    EXPECT_EQ(loop.RowLower(), 1);
-    EXPECT_EQ(loop.Rows(), 4);
-    EXPECT_EQ(*loop.Element(2, 1), -5.0f);   // a square of side 10
     EXPECT_TRUE(logic.ChooseKind(false, "dipole", 1));
     float cosines[3];
     ASSERT_TRUE(geometry.tx.GetDipoleCosines(1, cosines));
@@ -170,22 +146,16 @@ TEST_F(GeometryCardLogic, ListsStoreWhatDiffersAndAKindBringsItsDefaultShape)
     EXPECT_TRUE(check->CheckRecord(message));
 }
 
-TEST_F(GeometryCardLogic, DraggingMovesTheReceiverAndTheLabelsReadTheTransmittersCoordinates)
+TEST_F(GeometryCardLogic, DraggingInThePlanMovesTheReceiverAlongYAndLabelsReadTheTransmittersCoordinates)
 {
     geometry.tx.SetPosition(10.0f, 4.0f, 2.0f);
     auto texts = logic.DragReceiverTo(160 - 80, 130 + 30);
     EXPECT_EQ(geometry.rx.x, -70.0f);
-    EXPECT_EQ(geometry.rx.y, 0.0f);
     EXPECT_EQ(geometry.rx.z, -28.0f);
     EXPECT_EQ(texts, (std::array<std::string, 2>{"x : -80", "z : 30"}));
-    EXPECT_EQ(logic.CursorTexts(160 - 80, 130 + 30), (std::array<std::string, 2>{"x : -70", "z : -28"}));
-    EXPECT_EQ(logic.OffsetTexts(), (std::array<std::string, 3>{"dx : -80", "dy : -4", "dz : -30"}));
-    EXPECT_TRUE(doc.IsChanged());
-    EXPECT_EQ(Offset(), std::make_pair(-80.0, 30.0));
+    EXPECT_EQ(logic.OffsetTexts()[1], "dy : -4");
 
-    EXPECT_EQ(Logic::ViewButtonText(false), "View Horizontal Plan (xy)");
     logic.FlipView();
-    EXPECT_EQ(Logic::ViewButtonText(true), "View Vertical Section (xz)");
     texts = logic.DragReceiverTo(160 - 50, 130 + 20);
     EXPECT_EQ(geometry.rx.x, -40.0f);
     EXPECT_EQ(geometry.rx.y, 24.0f);
@@ -199,35 +169,20 @@ TEST_F(GeometryCardLogic, DraggingMovesTheReceiverAndTheLabelsReadTheTransmitter
     EXPECT_EQ(logic.OffsetTexts()[0], "dx : 2147483647");
 }
 
-TEST_F(GeometryCardLogic, TheOffsetDialogKeepsOldRecordsAndOnlyTakesChanges)
+TEST_F(GeometryCardLogic, OffsetsBeyondNumbersAreRefusedAndOldRecordsKeepThePosition)
 {
-    float offset[3];
-    logic.RxOffset(offset);
-    EXPECT_EQ(offset[0], -100.0f);
-    EXPECT_EQ(offset[2], -50.0f);
-    EXPECT_FALSE(logic.EditRxOffset(offset));   // three unchanged values
-    EXPECT_FALSE(doc.IsChanged());
-
     geometry.tx.SetPosition(10.0f, 0.0f, 0.0f);
-    const float edited[3] = {-80.0f, 5.0f, -40.0f};
-    EXPECT_TRUE(logic.EditRxOffset(edited));
-    EXPECT_EQ(geometry.rx.x, -70.0f);
-    EXPECT_EQ(geometry.rx.y, 5.0f);
-    EXPECT_EQ(geometry.rx.z, -40.0f);
-    EXPECT_TRUE(doc.IsChanged());
-
     const float infinite[3] = {INFINITY, 0.0f, 0.0f};
     EXPECT_FALSE(logic.EditRxOffset(infinite));
     EXPECT_FALSE(logic.EditTxPosition(infinite));
-    EXPECT_EQ(geometry.rx.x, -70.0f);
+    EXPECT_EQ(geometry.rx.x, -100.0f);
 
     // Version 6 and older: the document is marked, the position stays.
     geometry.version = 6;
-    doc.SetChanged(false);
     const float older[3] = {1.0f, 2.0f, 3.0f};
     EXPECT_TRUE(logic.EditRxOffset(older));
     EXPECT_TRUE(doc.IsChanged());
-    EXPECT_EQ(geometry.rx.x, -70.0f);
+    EXPECT_EQ(geometry.rx.x, -100.0f);
 
     // The receiver's own position dialog, which the card doesn't offer.
     EXPECT_TRUE(logic.EditRxPosition(older));
@@ -239,36 +194,21 @@ TEST_F(GeometryCardLogic, TheOffsetDialogKeepsOldRecordsAndOnlyTakesChanges)
 TEST_F(GeometryCardLogic, LoopCornersAndBipoleEndsAreTakenWhenTheyChanged)
 {
     FloatMatrix before = logic.LoopTable(geometry.tx, 3);
-    EXPECT_EQ(before.Rows(), 4);
     FloatMatrix edited = before;
     EXPECT_FALSE(logic.TakeLoop(geometry.tx, 3, before, edited));
-    *edited.Element(1, 3) = 2.5f;
-    EXPECT_TRUE(logic.TakeLoop(geometry.tx, 3, before, edited));
-    EXPECT_EQ(*geometry.tx.LoopMatrix(3)->Element(1, 3), 2.5f);
-    EXPECT_TRUE(doc.IsChanged());
     // An emptied grid reads as one cell: no corner, nothing taken.
     FloatMatrix emptied(0, 0, 0, 0);
     EXPECT_FALSE(logic.TakeLoop(geometry.tx, 3, before, emptied));
     EXPECT_EQ(geometry.tx.LoopMatrix(3)->Rows(), 4);
 
-    // A loop without its component: the error, and an empty table goes on.
-    EXPECT_EQ(logic.LoopTable(geometry.tx, 1).Rows(), 0);
-    EXPECT_EQ(platform.Texts(xPlatform::kError),
-              std::vector<std::string>{"xEMGCardd::Failed to extract a loop from xEMGDesc."});
-
     xEMSensorType& bipole = geometry.rx;
     bipole.SetBipole();
     FloatMatrix ends = Logic::BipoleTable(bipole, 1);
-    EXPECT_EQ(ends.RowLower(), 1);
-    EXPECT_EQ(ends.ColLower(), 1);
-    EXPECT_EQ(ends.Rows(), 2);
-    EXPECT_EQ(ends.Cols(), 3);
+    EXPECT_EQ(ends.RowLower() + ends.ColLower(), 2);
+    EXPECT_EQ(ends.Rows() * 10 + ends.Cols(), 23);
     FloatMatrix typed = ends;
     *typed.Element(2, 1) = -12.0f;
     EXPECT_TRUE(logic.TakeBipole(bipole, 1, ends, typed));
-    float first[3], second[3];
-    ASSERT_TRUE(bipole.GetBipoleEnds(1, first, second));
-    EXPECT_EQ(second[0], -12.0f);
     EXPECT_EQ(*Logic::BipoleTable(bipole, 1).Element(2, 1), -12.0f);
 }
 

@@ -1,5 +1,5 @@
-#ifndef TOLVAD_TESTS_CARDS_WAVECARDSCREEN_H
-#define TOLVAD_TESTS_CARDS_WAVECARDSCREEN_H
+#ifndef TOLVAD_TESTS_CARDS_CARDSCREEN_H
+#define TOLVAD_TESTS_CARDS_CARDSCREEN_H
 
 #include "app/xQtMenuBar.h"
 #include "frame/xDescWin.h"
@@ -23,10 +23,20 @@
 #include <memory>
 #include <string>
 
-// The screen tests of the waveform and frequency cards: a descriptor's window
-// on a copy of an example, the real clipboard of the screen with the
-// recording platform's messages and answers, and a user's hands on a grid.
-class WaveCardScreen : public ::testing::Test {
+// The text with its n-th occurrence (from 0) of what replaced.
+inline std::string ReplacedAt(std::string text, const std::string& what, const std::string& with, int n = 0)
+{
+    size_t at = text.find(what);
+    for (int i = 0; i < n && at != std::string::npos; ++i)
+        at = text.find(what, at + 1);
+    EXPECT_NE(at, std::string::npos) << what;
+    return at == std::string::npos ? text : text.replace(at, what.size(), with);
+}
+
+// The cards' screen tests: a descriptor's window on a copy of an example, the
+// real clipboard of the screen with the recording platform's messages and
+// answers, and a user's hands on a grid.
+class CardScreen : public ::testing::Test {
 protected:
     // Messages and questions are recorded; the clipboard is the screen's.
     class ClipboardPlatform : public xRecordingPlatform {
@@ -39,11 +49,14 @@ protected:
         xQtPlatform qt;
     };
 
-    WaveCardScreen() { QGuiApplication::clipboard()->clear(); }
+    CardScreen() { QGuiApplication::clipboard()->clear(); }
 
-    void Open(const std::string& example)
+    // The window on a copy of an example, the first of a piece of its text replaced when asked.
+    void Open(const std::string& example, const std::string& from = "", const std::string& to = "")
     {
         original = xTempDirectory::Read(xEditorTestKit::Example(example));
+        if (!from.empty())
+            original = ReplacedAt(original, from, to);
         xTempDirectory::Write(dir / "card.DSC", original);
         doc = xEditorTestKit::OpenWindow(dir / "card.DSC");
         window = doc->DescWindow();
