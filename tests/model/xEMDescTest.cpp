@@ -332,7 +332,7 @@ TEST_F(EMDesc, SystemKindFollowsTheLastWordFound)
     }
 }
 
-TEST_F(EMDesc, QueriesMoveTheCurrentOrientation)
+TEST_F(EMDesc, QueriesMoveTheCurrentOrientationAndCoverBothDomains)
 {
     Read(Example("survey-time-domain.DSC"));
     EXPECT_EQ(desc.Channels(108), 10);
@@ -353,10 +353,7 @@ TEST_F(EMDesc, QueriesMoveTheCurrentOrientation)
     EXPECT_FLOAT_EQ(vertical, 55.0f);
     desc.AverageSeparation(1, horizontal, zero, vertical);
     EXPECT_TRUE(std::isnan(horizontal));
-}
 
-TEST_F(EMDesc, WholeDescriptorQueriesOfAFrequencyDomainSystem)
-{
     Read(Example("survey-frequency-domain.DSC"));
     EXPECT_EQ(desc.ChannelClasf()[101], 4);
     EXPECT_EQ(desc.ItemClasf()[101], 2);

@@ -26,7 +26,7 @@ TEST(BracketUnit, TakesTheLastBracketOfEachKind)
     EXPECT_EQ(BracketUnit("sec"), "s");
 }
 
-TEST(EMSHeader, CopyLeavesTheCardChoicesAndComparesScalingAndIdentity)
+TEST(EMSHeader, CopyLeavesTheCardChoicesComparesScalingAndIdentityAndGivesTheTimeFactor)
 {
     xEMSHeader header;
     xEMSHeader source;
@@ -45,19 +45,16 @@ TEST(EMSHeader, CopyLeavesTheCardChoicesAndComparesScalingAndIdentity)
     EXPECT_FALSE(header.SameIdentity(source));
     header.waveformType = "frequency domain";
     EXPECT_FALSE(header.IsNormalizedByComponent());
-}
 
-TEST(EMSHeader, TimeFactor)
-{
-    xEMSHeader header;
-    header.timeUnit = "month";   // thirty weeks
-    EXPECT_DOUBLE_EQ(header.TimeFactor(), 1.0 / 18144000.0);
-    header.timeUnit = "furlong";
-    header.nominalHalfPeriod = 128.0f;
-    header.realHalfPeriod = 4.0f;
-    EXPECT_DOUBLE_EQ(header.TimeFactor(), 32.0);
-    header.timeUnit = "mSec";
-    EXPECT_DOUBLE_EQ(header.TimeFactor(), 32.0 / static_cast<double>(1e-3f));
+    xEMSHeader timing;
+    timing.timeUnit = "month";   // thirty weeks
+    EXPECT_DOUBLE_EQ(timing.TimeFactor(), 1.0 / 18144000.0);
+    timing.timeUnit = "furlong";
+    timing.nominalHalfPeriod = 128.0f;
+    timing.realHalfPeriod = 4.0f;
+    EXPECT_DOUBLE_EQ(timing.TimeFactor(), 32.0);
+    timing.timeUnit = "mSec";
+    EXPECT_DOUBLE_EQ(timing.TimeFactor(), 32.0 / static_cast<double>(1e-3f));
 }
 
 TEST(EMSHeader, ReadsAndWritesTheTimeDomainLayoutAndUpdatesOldHeaders)

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(Orientation, NamesAndCodesMapBothWays)
+TEST(Orientation, NamesCodesComponentsAndColoursMapBothWays)
 {
     EXPECT_EQ(CodeName(106), "TyRz");
     EXPECT_EQ(CodeName(110), "");
@@ -15,10 +15,7 @@ TEST(Orientation, NamesAndCodesMapBothWays)
     EXPECT_EQ(FindCodeName("TzRz TxRy"), "TxRy");
     EXPECT_EQ(FindCodeName("TzRz ????"), "????");
     EXPECT_EQ(FindCodeName("+ txrx +"), "");
-}
 
-TEST(Orientation, ComponentsColoursAndComponentNames)
-{
     EXPECT_EQ(RxComponent(100), 4);
     // Stray codes count as y on both sides.
     EXPECT_EQ(TxComponent(110), 2);

@@ -14,7 +14,7 @@ FloatArray Make(int lower, std::initializer_list<float> values)
 }
 }
 
-TEST(FloatArray, BoundsZeroedElementsAndImpossibleSizes)
+TEST(FloatArray, BoundsImpossibleSizesWrappedDataAndComparison)
 {
     FloatArray a(1, 5);
     EXPECT_EQ(a[5], 0);
@@ -34,10 +34,8 @@ TEST(FloatArray, BoundsZeroedElementsAndImpossibleSizes)
     EXPECT_EQ(a.Size(), 0);
     a.Resize(2, 1);   // one below lower: an empty array, no message
     EXPECT_EQ(a.Size(), 0);
-}
 
-TEST(FloatArray, AssignmentWritesThroughWrappedDataAndComparison)
-{
+    // Assigning to a view of a block writes into the block.
     float block[3] = {0, 0, 0};
     FloatArray view(block, 3, 5);
     EXPECT_FALSE(view.Owns());

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <sstream>
 
 TEST(Extract, ReadsAcrossLineEndsAndAFailedReadKeepsTheTargetAndSticks)
@@ -28,20 +27,13 @@ TEST(Extract, ReadsAcrossLineEndsAndAFailedReadKeepsTheTargetAndSticks)
 
 TEST(Extract, NumbersOutOfTheirTypesRangeFail)
 {
-    // A float is judged in float: what only a double can hold fails, a value
-    // too small for it reads as 0.
+    // A float is judged in float: what only a double can hold fails.
     for (const char* text : {"1e39", "-1e39", "3.40282357e38"}) {
         std::istringstream in(text);
         float f = 1.5f;
         EXPECT_FALSE(xExtract::Float(in, f)) << text;
         EXPECT_EQ(f, 1.5f) << text;
     }
-    std::istringstream edges("3.4028235e38 1e-50");
-    float big = 0, tiny = 1;
-    EXPECT_TRUE(xExtract::Float(edges, big) && xExtract::Float(edges, tiny));
-    EXPECT_EQ(big, std::numeric_limits<float>::max());
-    EXPECT_EQ(tiny, 0.0f);
-
     std::istringstream shortIn("40000");
     int16_t s = 2;
     EXPECT_FALSE(xExtract::Short(shortIn, s));
