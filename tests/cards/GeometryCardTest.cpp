@@ -1,4 +1,3 @@
-#include "app/xQtMenuBar.h"
 #include "cards/xEMGCard.h"
 #include "cards/xEMGCardLegend.h"
 #include "cards/xEMSysCard.h"
@@ -6,31 +5,18 @@
 #include "cards/xSensorIcon.h"
 #include "cards/xTROrientationSelector.h"
 #include "frame/xCardCatalog.h"
-#include "frame/xDescWin.h"
-#include "frame/xEMWinDesc.h"
 #include "frame/xListButton.h"
-#include "gui/xRecordingPlatform.h"
 #include "model/xEMGDesc.h"
 #include "tests/cards/CardScreen.h"
-#include "tests/xEditorTestKit.h"
-#include "tests/xTempDirectory.h"
 #include "widgets/xEditBox.h"
-#include "widgets/xEditField.h"
-#include "widgets/xGridEdView.h"
 #include "widgets/xGridEdViewWin.h"
-#include "widgets/xFltGrd.h"
 #include "widgets/xMultipleBEditBox.h"
 #include "widgets/xPointEdWin.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QFrame>
-#include <QLabel>
 #include <QPaintEvent>
 #include <QPushButton>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,25 +1,15 @@
-#include "app/xQtMenuBar.h"
 #include "cards/xEMSysCard.h"
 #include "frame/xCardCatalog.h"
-#include "frame/xDescWin.h"
-#include "frame/xEMWinDesc.h"
 #include "frame/xListButton.h"
-#include "gui/xRecordingPlatform.h"
 #include "model/xEMSHeader.h"
-#include "tests/model/xStreamText.h"
 #include "tests/cards/CardScreen.h"
-#include "tests/xEditorTestKit.h"
-#include "tests/xTempDirectory.h"
+#include "tests/model/xStreamText.h"
 #include "widgets/xEditBox.h"
 #include "widgets/xMultipleBEditBox.h"
 #include "widgets/xVectorEdWin.h"
 
 #include <QCheckBox>
-#include <QLabel>
 #include <QPushButton>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace {
 
