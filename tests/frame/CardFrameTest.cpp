@@ -19,9 +19,7 @@ using Log = std::vector<std::string>;
 class LoggedCard : public xCard {
 public:
     LoggedCard(xDWin& window, Log& log, const std::string& name, bool complete = true)
-        : xCard(&window, window.CardFrame()), log(log), name(name), complete(complete)
-    {
-    }
+        : xCard(&window, window.CardFrame()), log(log), name(name), complete(complete) {}
     bool Apply(std::string& message) override
     {
         log.push_back(name + " apply");
@@ -29,27 +27,14 @@ public:
             message = name + " is incomplete.";
         return complete;
     }
-    void Activate() override
-    {
-        log.push_back(name + " on");
-        xCard::Activate();
-    }
-    void Deactivate() override
-    {
-        log.push_back(name + " off");
-        xCard::Deactivate();
-    }
-    bool FirstShown() override
-    {
-        log.push_back(name + " first");
-        return true;
-    }
+    void Activate() override { log.push_back(name + " on"); xCard::Activate(); }
+    void Deactivate() override { log.push_back(name + " off"); xCard::Deactivate(); }
+    bool FirstShown() override { log.push_back(name + " first"); return true; }
     bool DoMenuCommand(long command) override
     {
-        if (command != 32028)
-            return false;
-        log.push_back(name + " copy");
-        return true;
+        if (command == 32028)
+            log.push_back(name + " copy");
+        return command == 32028;
     }
     void UpdateMenu(xQtMenuBar& bar) override { bar.Enable(32028, true); }
 
@@ -143,7 +128,6 @@ TEST_F(CardFrame, RemovingMovesTheSelectionAndTheSelectedOfTwoStays)
     EXPECT_TRUE(window->RemoveCard("C"));   // selected at 2: the one before comes on top
     EXPECT_EQ(window->CardCount(), 2);
     EXPECT_TRUE(window->IsSelected(b));
-    EXPECT_FALSE(window->HasCard("C"));
 
     EXPECT_FALSE(window->RemoveCard("B"));   // the selected of two stays
     EXPECT_FALSE(window->RemoveCard("Z"));
