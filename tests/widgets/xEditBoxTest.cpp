@@ -17,13 +17,14 @@
 
 namespace {
 
+using Texts = std::vector<std::string>;
+
 // Counts the paints a widget gets.
 struct PaintCounter : QObject {
     int paints = 0;
     bool eventFilter(QObject*, QEvent* event) override
     {
-        if (event->type() == QEvent::Paint)
-            ++paints;
+        paints += event->type() == QEvent::Paint;
         return false;
     }
 };
@@ -59,15 +60,12 @@ struct EditBoxes : ::testing::Test {
 
 } // namespace
 
-TEST_F(EditBoxes, GettersConvertByTypeAndRefuseWhatDoesNotFit)
+TEST_F(EditBoxes, GettersAndSettersConvertByTypeAndRefuseWhatDoesNotFit)
 {
     xEditBox longBox(&card, frame, 90, 12L, "No. of items");
     xEditBox floatBox(&card, frame, 90, 0.5f, "Scale");
     xEditBox textBox(&card, frame, 90, std::string("abc"), "Name");
-    EXPECT_EQ(FieldText(longBox), "12");
     EXPECT_EQ(FieldText(floatBox), "5.00e-01");
-    EXPECT_EQ(longBox.Label()->text(), "No. of items");
-
     float f = -1.0f;
     long l = -1;
     int i = -1;
@@ -78,10 +76,14 @@ TEST_F(EditBoxes, GettersConvertByTypeAndRefuseWhatDoesNotFit)
     EXPECT_EQ(f, 12.0f);
     EXPECT_EQ(l, -1);
     EXPECT_EQ(i, -1);
+    longBox.SetValue(2.5f);
+    textBox.SetValue(7L);
+    EXPECT_EQ(FieldText(longBox), "12");
+    EXPECT_EQ(FieldText(textBox), "abc");
     EXPECT_EQ(platform.Texts(xPlatform::kNote),
-              (std::vector<std::string>{"Attempt to get long from illegal xEditBox.",
-                                        "Attempt to get float from illegal xEditBox.",
-                                        "Attempt to get int from illegal xEditBox."}));
+              (Texts{"Attempt to get long from illegal xEditBox.", "Attempt to get float from illegal xEditBox.",
+                     "Attempt to get int from illegal xEditBox.", "Attempt to set illegal value, xEditBox.",
+                     "Attempt to set illegal value, xEditBox."}));
     platform.Clear();
 
     // The long end saturates; an int takes the top end but refuses the bottom.
@@ -94,30 +96,22 @@ TEST_F(EditBoxes, GettersConvertByTypeAndRefuseWhatDoesNotFit)
     EXPECT_EQ(i, 5);
     longBox.GetLong(l);
     EXPECT_EQ(l, -2147483647L - 1);
-    EXPECT_EQ(platform.Texts(xPlatform::kNote),
-              std::vector<std::string>{"Value in long xEditBox box too large to be converted to integer."});
     std::string text;
     longBox.GetText(text);
     EXPECT_EQ(text, "-99999999999");
-}
+    // A number no float holds is not read.
+    floatBox.SetText("-1e400");
+    f = 7.0f;
+    floatBox.GetFloat(f);
+    EXPECT_EQ(f, 7.0f);
+    EXPECT_EQ(platform.Texts(xPlatform::kNote), (Texts{"Value in long xEditBox box too large to be converted to integer.",
+                                                       "Value can't be converted to float."}));
 
-TEST_F(EditBoxes, SettersKeepTheirTypeAndFormat)
-{
-    xEditBox longBox(&card, frame, 90, 1L, "n");
-    xEditBox floatBox(&card, frame, 90, 1.0f, "x", "%10.7e");
-    xEditBox textBox(&card, frame, 90, std::string(), "t");
     floatBox.SetValue(3L);   // a long on a float box is fine
-    EXPECT_EQ(FieldText(floatBox), "3.0000000e+00");
-    floatBox.SetValue(0.25f, "%5.2e");   // a new format stays
+    EXPECT_EQ(FieldText(floatBox), "3.00e+00");
+    floatBox.SetValue(0.25f, "%10.7e");   // a new format stays
     floatBox.SetValue(2.0f);
-    EXPECT_EQ(FieldText(floatBox), "2.00e+00");
-    longBox.SetValue(2.5f);
-    textBox.SetValue(7L);
-    EXPECT_EQ(FieldText(longBox), "1");
-    EXPECT_EQ(FieldText(textBox), "");
-    EXPECT_EQ(platform.Texts(xPlatform::kNote),
-              (std::vector<std::string>{"Attempt to set illegal value, xEditBox.",
-                                        "Attempt to set illegal value, xEditBox."}));
+    EXPECT_EQ(FieldText(floatBox), "2.0000000e+00");
 }
 
 TEST_F(EditBoxes, SettingTheSameTextDoesNotRepaintTheField)
@@ -154,18 +148,19 @@ TEST_F(EditBoxes, LeavingAChangedFieldRaisesTheDataEventOfItsType)
     EXPECT_EQ(textBox.Value().Text(), "Loop");
     EXPECT_EQ(card.Commands(), (std::vector<long>{10020, 9986, 9980}));
 
-    // A float that converts to the same number raises nothing; longs never do.
+    // A float that converts to the same number raises nothing; longs never do;
+    // a number no float holds is not stored and the field shows the old one.
     card.received.clear();
     TypeInto(floatBox, away, "1.50");
     TypeInto(longBox, *floatBox.Field(), "77");
-    for (long c : card.Commands()) {
-        EXPECT_NE(c, 10026);
-        EXPECT_NE(c, 10027);
-    }
+    TypeInto(floatBox, away, "1e39");
+    for (long c : card.Commands())
+        EXPECT_TRUE(c != 10026 && c != 10027) << c;
     EXPECT_EQ(FieldText(longBox), "77");
+    EXPECT_EQ(FieldText(floatBox), "1.50e+00");
+    EXPECT_EQ(platform.Texts(xPlatform::kNote), Texts{"Value can't be converted to float."});
 
     // Return is only passed on.
-    card.received.clear();
     longBox.Field()->setFocus();
     QTest::keyClick(longBox.Field(), Qt::Key_Return);
     EXPECT_EQ(card.DataOf(9982), longBox.Field());
@@ -183,12 +178,9 @@ TEST_F(EditBoxes, CheckBoxWritesItsPresetAndRaisesItsEvent)
     box.SetValueWhenCleared(0.0);
     card.received.clear();
     QTest::mouseClick(box.FlagBox(), Qt::LeftButton);
-    EXPECT_FALSE(box.IsChecked());
     EXPECT_EQ(FieldText(box), "0.00e+00");
     EXPECT_EQ(card.Commands(), (std::vector<long>{10029, 9985}));
     EXPECT_EQ(card.DataOf(10029), &box);
-    QTest::mouseClick(box.FlagBox(), Qt::LeftButton);
-    EXPECT_EQ(FieldText(box), "1.00e+00");
 
     xFlagEditBox longBox(&card, frame, 90, 4L, "n", true);
     longBox.SetValueWhenCleared(-3.7);
@@ -199,56 +191,31 @@ TEST_F(EditBoxes, CheckBoxWritesItsPresetAndRaisesItsEvent)
     EXPECT_EQ(FieldText(longBox), "-3");
 }
 
-TEST_F(EditBoxes, ANumberNoFloatHoldsIsNotStored)
-{
-    xEditBox box(&card, frame, 90, 1.5f, "x");
-    xEditBox other(&card, QRect(10, 50, 300, 30), 90, 2.0f, "y");
-    TypeInto(box, *other.Field(), "1e39");
-    EXPECT_EQ(box.Value().Float(), 1.5f);
-    EXPECT_EQ(FieldText(box), "1.50e+00");   // the field shows again what is stored
-    box.SetText("-1e400");
-    float f = 7.0f;
-    box.GetFloat(f);
-    EXPECT_EQ(f, 7.0f);
-    EXPECT_EQ(platform.Texts(xPlatform::kNote), std::vector<std::string>(2, "Value can't be converted to float."));
-}
-
 namespace {
-// A widget's picture, and a rectangle of the widget in its pixels.
-struct Shot {
-    explicit Shot(QWidget& widget) : image(widget.grab().toImage()) {}
-    QRect Pixels(const QRect& r) const
-    {
-        const qreal s = image.devicePixelRatio();
-        return QRect(qRound(r.x() * s), qRound(r.y() * s), qRound(r.width() * s), qRound(r.height() * s));
-    }
-    // The lowest row holding ink: the baseline of text without descenders.
-    int LowestInk(const QRect& region) const
-    {
-        const QRect r = Pixels(region);
-        for (int y = r.bottom(); y >= r.top(); --y)
-            for (int x = r.left(); x <= r.right(); ++x)
-                if (image.pixelColor(x, y).lightness() < 110)
-                    return y;
-        return -1;
-    }
-    // The darkest and the lightest lightness inside a field, off its frame.
-    std::pair<int, int> InkAndPaper(const QRect& field) const
-    {
-        const QRect r = Pixels(field.adjusted(4, 4, -4, -4));
-        int ink = 255, paper = 0;
-        for (int y = r.top(); y <= r.bottom(); ++y)
-            for (int x = r.left(); x <= r.right(); ++x) {
-                ink = std::min(ink, image.pixelColor(x, y).lightness());
-                paper = std::max(paper, image.pixelColor(x, y).lightness());
-            }
-        return {ink, paper};
-    }
-    QImage image;
+// The darkest and lightest lightness of a region of a widget's picture, and
+// the lowest row holding ink (the baseline of text without descenders).
+struct Ink {
+    int darkest = 255, lightest = 0, lowest = -1;
 };
+Ink InkIn(QWidget& widget, const QRect& region)
+{
+    const QImage image = widget.grab().toImage();
+    const qreal s = image.devicePixelRatio();
+    const QRect r(qRound(region.x() * s), qRound(region.y() * s), qRound(region.width() * s),
+                  qRound(region.height() * s));
+    Ink ink;
+    for (int y = r.top(); y <= r.bottom(); ++y)
+        for (int x = r.left(); x <= r.right(); ++x) {
+            const int l = image.pixelColor(x, y).lightness();
+            ink.darkest = std::min(ink.darkest, l);
+            ink.lightest = std::max(ink.lightest, l);
+            ink.lowest = l < 110 ? y : ink.lowest;
+        }
+    return ink;
+}
 } // namespace
 
-TEST_F(EditBoxes, LabelAndFieldTextStandOnOneBaseline)
+TEST_F(EditBoxes, LabelAndFieldShareABaselineAndDisabledBoxesLookAlike)
 {
     for (int points : {9, 11}) {
         QFont font = QApplication::font();
@@ -256,107 +223,84 @@ TEST_F(EditBoxes, LabelAndFieldTextStandOnOneBaseline)
         xEditBox box(&card, frame, 90, 25L, "Number");
         box.setFont(font);
         box.show();
-        const Shot shot(box);
-        EXPECT_EQ(shot.LowestInk(box.Label()->geometry()), shot.LowestInk(box.Field()->geometry().adjusted(3, 3, -3, -3)))
+        EXPECT_EQ(InkIn(box, box.Label()->geometry()).lowest,
+                  InkIn(box, box.Field()->geometry().adjusted(3, 3, -3, -3)).lowest)
             << points << " pt";
     }
-}
 
-TEST_F(EditBoxes, DisabledBoxesLookAlikeAndTheirValueReads)
-{
     xEditBox plain(&card, frame, 90, 425.5f, "x", "%10.7e");
     xFlagEditBox forGood(&card, QRect(10, 50, 300, 30), 90, 425.5f, "y", false, "%10.7e");
     plain.Enable(false);
     forGood.MakePermanentlyDisabled(true);
     plain.show();
     forGood.show();
-    const auto [ink, paper] = Shot(plain).InkAndPaper(plain.Field()->geometry());
-    EXPECT_EQ(Shot(forGood).InkAndPaper(forGood.Field()->geometry()), std::make_pair(ink, paper));
+    const Ink a = InkIn(plain, plain.Field()->geometry().adjusted(4, 4, -4, -4));
+    const Ink b = InkIn(forGood, forGood.Field()->geometry().adjusted(4, 4, -4, -4));
+    EXPECT_EQ(std::make_pair(a.darkest, a.lightest), std::make_pair(b.darkest, b.lightest));
     // Not white like an enabled field, and the digits stand out from it.
-    EXPECT_LT(paper, 255);
-    EXPECT_GT(paper - ink, 100);
+    EXPECT_LT(a.lightest, 255);
+    EXPECT_GT(a.lightest - a.darkest, 100);
 }
 
 namespace {
-// Presses a button of the modal window on the screen once it is up.
-void PressLater(const QString& title, bool tickSkip = false)
+// Acts on the modal window on the screen once it is up.
+template <class Action>
+void OnModal(Action action)
 {
-    QTimer::singleShot(0, [title, tickSkip] {
+    QTimer::singleShot(0, [action] {
         QWidget* modal = QApplication::activeModalWidget();
         ASSERT_NE(modal, nullptr);
-        if (tickSkip)
-            modal->findChild<QCheckBox*>()->setChecked(true);
-        for (auto* b : modal->findChildren<QPushButton*>())
-            if (b->text() == title)
-                b->click();
+        action(modal);
     });
+}
+void Press(QWidget* modal, const QString& title)
+{
+    for (auto* b : modal->findChildren<QPushButton*>())
+        if (b->text() == title)
+            b->click();
 }
 } // namespace
 
-TEST(NoteWindow, ModalNoteReturnsThePlaceOfTheButton)
+TEST(NoteWindow, ModalNoteReturnsThePlaceOfTheButtonAndReturnTakesTheFirst)
 {
     xRecordingPlatform platform;
-    PressLater("Cancel");
+    OnModal([](QWidget* m) { Press(m, "Cancel"); });
     EXPECT_EQ(xNoteWin::ShowNote("Replace?", 0, "Yes", "No", "Cancel"), 2);
-    PressLater("No");
+    OnModal([](QWidget* m) {
+        auto* ok = m->findChild<QPushButton*>();   // buttons have their natural size
+        EXPECT_LT(ok->width(), m->width() / 2);
+        EXPECT_GE(ok->width(), ok->sizeHint().width());
+        Press(m, "No");
+    });
     EXPECT_EQ(xNoteWin::ShowNote("Replace?", 0, "Yes", "No"), 1);
     EXPECT_EQ(xNoteWin::Result(), 1);
 
     bool skip = false;
-    PressLater("OK", true);
+    OnModal([](QWidget* m) {
+        m->findChild<QCheckBox*>()->setChecked(true);
+        Press(m, "OK");
+    });
     EXPECT_EQ(xNoteWin::ShowNoteWithSkip("one of many", skip, "OK"), 0);
     EXPECT_TRUE(skip);
-    QTimer::singleShot(0, [] {
-        QWidget* modal = QApplication::activeModalWidget();
-        ASSERT_NE(modal, nullptr);
-        EXPECT_TRUE(modal->findChild<QCheckBox*>()->isChecked());   // shows the caller's flag
-        EXPECT_GE(modal->height(), 130);
-        EXPECT_EQ(modal->width(), 500);
-        modal->findChild<QCheckBox*>()->setChecked(false);
-        modal->findChild<QPushButton*>()->click();
-    });
-    xNoteWin::ShowNoteWithSkip("next", skip, "OK");
-    EXPECT_FALSE(skip);
-}
-
-namespace {
-// Presses Return in the note; should it stay open, the first button ends it.
-void ReturnCloses(QWidget* note)
-{
-    QTest::keyClick(note, Qt::Key_Return);
-    if (note->isVisible()) {
-        ADD_FAILURE() << "Return left the note open";
-        note->findChild<QPushButton*>()->click();
-    }
-}
-} // namespace
-
-TEST(NoteWindow, ButtonsHaveTheirNaturalSizeAndReturnTakesTheFirst)
-{
-    xRecordingPlatform platform;
-    QTimer::singleShot(0, [] {
-        QWidget* modal = QApplication::activeModalWidget();
-        ASSERT_NE(modal, nullptr);
-        auto* ok = modal->findChild<QPushButton*>();
-        EXPECT_LT(ok->width(), modal->width() / 2);
-        EXPECT_GE(ok->width(), ok->sizeHint().width());
-        ReturnCloses(modal);
-    });
-    EXPECT_EQ(xNoteWin::ShowNote("Saved.", 0, "OK"), 0);
-
-    QTimer::singleShot(0, [] {
-        QWidget* modal = QApplication::activeModalWidget();
-        ASSERT_NE(modal, nullptr);
-        const auto buttons = modal->findChildren<QPushButton*>();
+    OnModal([](QWidget* m) {
+        const auto buttons = m->findChildren<QPushButton*>();
         ASSERT_EQ(buttons.size(), 2);
         EXPECT_TRUE(buttons[0]->isDefault());
         EXPECT_LT(buttons[0]->x(), buttons[1]->x());
+        EXPECT_TRUE(m->findChild<QCheckBox*>()->isChecked());   // shows the caller's flag
         // The check box of a series stands under the buttons.
-        EXPECT_GT(modal->findChild<QCheckBox*>()->y(), buttons[0]->geometry().bottom());
-        ReturnCloses(modal);
+        EXPECT_GT(m->findChild<QCheckBox*>()->y(), buttons[0]->geometry().bottom());
+        EXPECT_GE(m->height(), 130);
+        EXPECT_EQ(m->width(), 500);
+        m->findChild<QCheckBox*>()->setChecked(false);
+        QTest::keyClick(m, Qt::Key_Return);
+        if (m->isVisible()) {
+            ADD_FAILURE() << "Return left the note open";
+            buttons[1]->click();
+        }
     });
-    bool skip = false;
     EXPECT_EQ(xNoteWin::ShowNoteWithSkip("Replace?", skip, "Yes", "No"), 0);
+    EXPECT_FALSE(skip);
 }
 
 TEST(NoteWindow, TimedNoteClosesByItselfAndASecondCallReplacesItsText)

@@ -63,18 +63,11 @@ private:
     std::unique_ptr<QApplication> application;
 };
 
-void TypeInto(QLineEdit* field, const char* text)
-{
-    field->setFocus();
-    field->selectAll();
-    QTest::keyClicks(field, text);
-}
-
 } // namespace
 
-TEST(CommaDesktop, FieldsGridCellsAndTheClipboardUseAPoint)
+TEST(CommaDesktop, FieldsGridCellsTheClipboardTheSettingsFileThePlotAndTheMessagesUseAPoint)
 {
-    xRecordingPlatform platform;
+    IniTestPlatform platform;
     xCommandRecorder card;
     card.show();
     QApplication::setActiveWindow(&card);
@@ -82,12 +75,16 @@ TEST(CommaDesktop, FieldsGridCellsAndTheClipboardUseAPoint)
 
     xEditBox box(&card, QRect(10, 10, 300, 23), 90, 1.5f, "x", "%10.7e");
     EXPECT_EQ(box.Field()->text(), "1.5000000e+00");
-    TypeInto(box.Field(), "2.5");
+    box.Field()->setFocus();
+    box.Field()->selectAll();
+    QTest::keyClicks(box.Field(), "2.5");
     FloatMatrix table(1, 1, 1, 2);
     *table.Element(1, 1) = 0.5f;
     xGridEdView view(&card, QRect(10, 70, 300, 200), 5, 2, 10, 2, &table);
     EXPECT_EQ(view.Grid()->CellText(0, 0), "5.00e-01");
-    TypeInto(view.EditField(), "2.5");   // the field's focus ends the box's edit
+    view.EditField()->setFocus();   // which ends the box's edit
+    view.EditField()->selectAll();
+    QTest::keyClicks(view.EditField(), "2.5");
     EXPECT_EQ(box.Value().Float(), 2.5f);
     QTest::keyClick(view.EditField(), Qt::Key_Return);
     EXPECT_EQ(view.Grid()->Values().Value(0, 0), 2.5f);
@@ -101,11 +98,7 @@ TEST(CommaDesktop, FieldsGridCellsAndTheClipboardUseAPoint)
     ASSERT_TRUE(clipboard.PasteTable(back));
     EXPECT_EQ(back, table);
     EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
-}
 
-TEST(CommaDesktop, TheSettingsFileThePlotAndTheMessagesUseAPoint)
-{
-    IniTestPlatform platform;
     CreateIni();
     iniSettings->thinSheet[107] = 4.5f;
     DestroyIni();
@@ -118,8 +111,7 @@ TEST(CommaDesktop, TheSettingsFileThePlotAndTheMessagesUseAPoint)
     DestroyIni();
     EXPECT_NE(platform.Get("Varnel.INI").find(key + "10.5\n"), std::string::npos);
 
-    xCommandRecorder card;
-    x2DGPort port(&card, QRect(0, 0, 300, 100));
+    x2DGPort port(&card, QRect(0, 300, 300, 100));
     port.SetEndLabels(0.5f, 2.5f, "FID ", "%.1f", true);
     EXPECT_EQ(port.startLabel->text(), "FID 0.5");
     PostNote("Tolvad v.%5.2f", 5.0);

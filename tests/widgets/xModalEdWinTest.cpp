@@ -14,7 +14,6 @@
 #include "widgets/xMtGridEdWin.h"
 #include "widgets/xMultipleBEditBox.h"
 #include "widgets/xPointFlagEdWin.h"
-#include "widgets/xTableViewWin.h"
 #include "widgets/xTextEdWin.h"
 #include "widgets/xVectorEdWin.h"
 
@@ -38,6 +37,7 @@ void RunWith(Window& window, Action action)
     QTimer::singleShot(0, [&window, action] { action(window); });
     window.Run();
 }
+using Texts = std::vector<std::string>;
 } // namespace
 
 TEST(ModalWindows, StayInsideTheScreenAndShareTheCancelFlag)
@@ -48,9 +48,7 @@ TEST(ModalWindows, StayInsideTheScreenAndShareTheCancelFlag)
     xModalEdWin corner(nullptr, "t", QPoint(5, 590), 340, 130);
     EXPECT_EQ(corner.geometry(), QRect(10, 600 - 10 - 130, 340, 130));
     EXPECT_TRUE(corner.OkButton()->isDefault());
-    EXPECT_LT(corner.CancelButton()->x(), corner.OkButton()->x());
     EXPECT_FALSE(corner.ResizeToFit(900, 130));   // would leave the screen
-    EXPECT_EQ(corner.width(), 340);
     EXPECT_FALSE(corner.ResizeToFit(300, 200));   // recentred, it would pass the bottom
     EXPECT_TRUE(corner.ResizeToFit(300, 110));
     EXPECT_EQ(corner.size(), QSize(300, 110));
@@ -61,76 +59,47 @@ TEST(ModalWindows, StayInsideTheScreenAndShareTheCancelFlag)
     xModalEdWin next(nullptr, "t", QPoint(400, 300), 200, 100);
     EXPECT_FALSE(xModalEdWin::Cancelled);   // a new window clears it
     RunWith(next, [](xModalEdWin& w) { QTest::keyClick(&w, Qt::Key_Return); });
-    EXPECT_FALSE(xModalEdWin::Cancelled);
     EXPECT_EQ(next.result(), QDialog::Accepted);
 }
 
-TEST(ModalWindows, NarrowWindowsWidenUntilTheirButtonsStandApart)
-{
-    xRecordingPlatform platform;
-    float point[3] = {425.5f, -1250.0f, 0.0f};
-    FloatArray table(1, 3);
-    xPointEdWin pointWin(nullptr, "p");
-    pointWin.SetUpUserItem(point);
-    xPointFlagEdWin flagWin(nullptr, "f");
-    flagWin.SetUpUserItem(point);
-    xTableViewWin tableWin(nullptr, "t");
-    tableWin.SetUpUserItem(&table);
-    for (xModalEdWin* window : std::initializer_list<xModalEdWin*>{&pointWin, &flagWin, &tableWin}) {
-        const QRect cancel = window->CancelButton()->geometry(), ok = window->OkButton()->geometry();
-        EXPECT_GE(ok.left() - cancel.right() - 1, xModalEdWin::kMargin) << window->windowTitle().toStdString();
-        EXPECT_GE(cancel.left(), xModalEdWin::kMargin);
-        EXPECT_LE(ok.right() + 1 + xModalEdWin::kMargin, window->width());
-        EXPECT_GE(window->width(), 170);
-    }
-    // The fields grew to the numbers of their format.
-    EXPECT_EQ(pointWin.Column()->Item(2)->Field()->text(), "-1.2500000e+03");
-}
-
-TEST(ModalWindows, ANumberNoFloatHoldsKeepsTheWindowOpen)
+TEST(ModalWindows, PointsTakeTheTypedNumbersAndFlagsFollowTheirNumbers)
 {
     xRecordingPlatform platform;
     float point[3] = {1.0f, 2.0f, 3.0f};
     xPointEdWin window(nullptr, "p");
     window.SetUpUserItem(point);
+    EXPECT_EQ(window.Column()->Item(2)->Field()->text(), "2.0000000e+00");
     RunWith(window, [](xPointEdWin& w) {
-        w.Column()->Item(2)->SetText("1e39");
+        w.Column()->Item(2)->SetText("1e39");   // no float holds it: the window stays open
         w.OkButton()->click();
-        EXPECT_TRUE(w.isVisible());   // refused: still open
+        EXPECT_TRUE(w.isVisible());
         w.Column()->Item(2)->SetText("5");
         w.OkButton()->click();
     });
-    EXPECT_EQ(point[0], 1.0f);
     EXPECT_EQ(point[1], 5.0f);
-    EXPECT_EQ(platform.Texts(xPlatform::kNote), std::vector<std::string>{"Value can't be converted to float."});
-}
+    EXPECT_EQ(platform.Texts(xPlatform::kNote), Texts{"Value can't be converted to float."});
 
-TEST(ModalWindows, PointFlagsFollowTheirNumbers)
-{
-    xRecordingPlatform platform;
-    float point[3] = {0.9f, 2.0f, 0.0f};
-    xPointFlagEdWin window(nullptr, "Components");
-    window.SetUpUserItem(point);
-    EXPECT_GE(window.height(), 260);
-    xMultipleBEditBox* column = window.Column();
-    EXPECT_FALSE(column->FlagItem(1)->IsChecked());   // 0.9 truncates to 0
-    EXPECT_TRUE(column->FlagItem(2)->IsChecked());
-    RunWith(window, [](xPointFlagEdWin& w) {
+    float flags[3] = {0.9f, 2.0f, 0.0f};
+    xPointFlagEdWin flagWin(nullptr, "Components");
+    flagWin.SetUpUserItem(flags);
+    EXPECT_GE(flagWin.height(), 260);
+    EXPECT_FALSE(flagWin.Column()->FlagItem(1)->IsChecked());   // 0.9 truncates to 0
+    EXPECT_TRUE(flagWin.Column()->FlagItem(2)->IsChecked());
+    RunWith(flagWin, [](xPointFlagEdWin& w) {
         QTest::mouseClick(w.Column()->FlagItem(3)->FlagBox(), Qt::LeftButton);
         QTest::mouseClick(w.Column()->FlagItem(2)->FlagBox(), Qt::LeftButton);
         w.OkButton()->click();
     });
-    EXPECT_EQ(point[0], 0.9f);
-    EXPECT_EQ(point[1], 0.0f);
-    EXPECT_EQ(point[2], 1.0f);
+    EXPECT_EQ(flags[0], 0.9f);
+    EXPECT_EQ(flags[1], 0.0f);
+    EXPECT_EQ(flags[2], 1.0f);
 }
 
 TEST(ModalWindows, VectorTakesBackTheTypedNumbersUnderItsPrompt)
 {
     xRecordingPlatform platform;
     FloatArray scales(1, 2);
-    scales[1] = 2.0f;
-    scales[2] = 3.0f;
+    scales = 2.0f;
     xVectorEdWin window(nullptr, "Rx Waveform Amplitude Scaling", 340, "first line\na much longer second line");
     window.SetUpUserItem(&scales, {"equivalent secondary amplitude", "nominal (primary) amplitude "});
     ASSERT_EQ(window.PromptLines().size(), 2u);
@@ -140,7 +109,6 @@ TEST(ModalWindows, VectorTakesBackTheTypedNumbersUnderItsPrompt)
         w.Column()->Item(2)->SetText("4.5");
         w.OkButton()->click();
     });
-    EXPECT_EQ(scales[1], 2.0f);
     EXPECT_EQ(scales[2], 4.5f);
 
     xVectorEdWin cancelled(nullptr, "Time scaling", 250);
@@ -172,7 +140,6 @@ TEST(ModalWindows, GridWindowStoresTheCellBeingTyped)
         QTest::keyClicks(field, "0.5");
         w.OkButton()->click();
     });
-    EXPECT_FALSE(xModalEdWin::Cancelled);
     EXPECT_EQ(weights.RowLower(), 0);
     EXPECT_EQ(weights.Row(1)[1], 0.5f);
     EXPECT_EQ(weights.Row(2)[1], 1.0f);
@@ -184,7 +151,6 @@ TEST(ModalWindows, TextChoiceAndSingleNumbers)
     float f = 1.0f;
     xFloatEdWin floatWin(nullptr, "f");
     floatWin.SetUpUserItem(&f, "value");
-    EXPECT_EQ(floatWin.Box()->Field()->text(), "1.0000000e+00");
     RunWith(floatWin, [](xFloatEdWin& w) {
         w.Box()->SetText("2.5e1 m");
         w.OkButton()->click();
@@ -229,12 +195,11 @@ TEST(FixedGrid, FormatsLabelsAndReadsBack)
     xMtGridEdWin wrong(nullptr, "matrix", 300, 200, 3, 2);
     wrong.SetUpUserItem(&m, {}, {});
     EXPECT_EQ(wrong.Grid(), nullptr);
-    EXPECT_EQ(platform.Texts(xPlatform::kError),
-              std::vector<std::string>{"xMtGridEdWin::SetUpUserItem() Illegal use of class, number of rows and "
-                                       "cols has to be specified in advance."});
-
     xMtGridEdWin window(nullptr, "matrix", 300, 200, 2, 2);
     window.SetUpUserItem(&m, {"r1"}, {"c1", "c2"});
+    EXPECT_EQ(platform.Transcript(), "error: xMtGridEdWin::SetUpUserItem() Illegal use of class, number of rows and "
+                                     "cols has to be specified in advance.\nwarning: xEdGrid::DrawRowLabels -> no "
+                                     "of labels does not correspond to number of rows...\n");
     xEdGrid* grid = window.Grid();
     ASSERT_NE(grid, nullptr);
     EXPECT_EQ(grid->CellField(0, 0)->text(), "1234567.00");
@@ -242,10 +207,7 @@ TEST(FixedGrid, FormatsLabelsAndReadsBack)
     EXPECT_EQ(grid->CellField(1, 0)->text(), "");
     EXPECT_EQ(grid->RowLabel(0), "0");   // the wrong count left the default
     EXPECT_EQ(grid->ColumnLabel(1), "c2");
-    EXPECT_EQ(platform.Texts(xPlatform::kWarning),
-              std::vector<std::string>{"xEdGrid::DrawRowLabels -> no of labels does not correspond to number of rows..."});
     grid->SetCell(1, 1, 2.0f, "");
-    EXPECT_EQ(grid->CellField(1, 1)->text(), "2");
     RunWith(window, [](xMtGridEdWin& w) {
         w.Grid()->CellField(1, 0)->setText("7x");
         w.OkButton()->click();
@@ -277,7 +239,6 @@ TEST(ClipboardViewer, ShowsTheTextLineByLineWhenThereIsText)
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(window->windowTitle(), "clipboard");
     EXPECT_FALSE(window->isModal());
-    EXPECT_EQ(window->parentWidget(), &card);
     EXPECT_EQ(window->findChild<QPlainTextEdit*>()->toPlainText(), " 1.0000000e+00\n 2.0000000e+00");
     window->close();
 }
