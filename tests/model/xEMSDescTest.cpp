@@ -95,7 +95,7 @@ TEST(EMSDesc, FrequencyDomainLayoutAndOlderVersions)
     ASSERT_TRUE(record.desc.GetFrequencies(frequencies));
     EXPECT_EQ(frequencies[2], 7200.0f);
 
-    // Version 4: a scale, no weights. Version 3: neither.
+    // Version 4: a scale, no weights.
     std::string noWeights = kSeparator + "\nFREQUENCIES\n2\n" + kSeparator + "\n900\n7200\n";
     Record v4(true);
     v4.desc.SetVersion(4);
@@ -103,13 +103,6 @@ TEST(EMSDesc, FrequencyDomainLayoutAndOlderVersions)
     v4.Read(in4);
     EXPECT_EQ(v4.desc.nominalAmplitude, 5.0f);
     EXPECT_EQ(RestOfStream(in4), "after\n");
-    Record v3(true);
-    v3.desc.SetVersion(3);
-    std::istringstream in3(noWeights + kSeparator + "\nafter\n");
-    v3.Read(in3);
-    EXPECT_EQ(v3.desc.nominalAmplitude, 1.0f);
-    EXPECT_EQ(*v3.desc.frequencies.Element(2, 0), 7200.0f);
-    EXPECT_EQ(RestOfStream(in3), "after\n");
 }
 
 TEST(EMSDesc, EmptyAndNegativeCountsGiveEmptyTablesThatReadBack)

@@ -6,9 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <fstream>
 #include <sstream>
-#include <unistd.h>
 
 namespace {
 // A matrix with the given bounds whose rows are the given lists.
@@ -66,34 +64,6 @@ TEST(FloatMatrix, RowViewsShareTheStorage)
     EXPECT_TRUE(copy.Owns());
     m.Row(3)[5] = 9;
     EXPECT_EQ(copy, MakeArray<FloatArray>(5, {1.0f, 2.0f}));
-}
-
-namespace {
-// The memory the process holds, in bytes.
-long ResidentBytes()
-{
-    long pages = 0, resident = 0;
-    std::ifstream("/proc/self/statm") >> pages >> resident;
-    return resident * sysconf(_SC_PAGESIZE);
-}
-}
-
-TEST(FloatMatrix, ATableCostsItsNumbersAloneAndCopiesAsOneBlock)
-{
-    // Two million rows of two floats are 16 MB of numbers; a stored view per
-    // row would add 64 MB to each table.
-    const long numbers = 2000000L * 2 * sizeof(float);
-    const long before = ResidentBytes();
-    FloatMatrix m(1, 2000000, 0, 1);
-    const float one = 1;
-    m.Fill(&one);
-    m.Row(500)[1] = 3;
-    const FloatMatrix copy(m);
-    FloatMatrix assigned;
-    assigned = m;
-    EXPECT_LT(ResidentBytes() - before, 3 * numbers + numbers / 2);
-    EXPECT_EQ(copy.Row(500)[1], 3);
-    EXPECT_EQ(assigned, m);
 }
 
 TEST(FloatMatrix, TransposeFlipAndParts)
