@@ -22,6 +22,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 // The text with its n-th occurrence (from 0) of what replaced.
 inline std::string ReplacedAt(std::string text, const std::string& what, const std::string& with, int n = 0)
@@ -49,6 +50,30 @@ protected:
         xQtPlatform qt;
     };
 
+    // Stands in for a card a test is not about: it writes down what the
+    // document does to it.
+    class StandIn : public xCard {
+    public:
+        explicit StandIn(xDWin& window) : xCard(&window, window.CardFrame()) {}
+        bool FirstShown() override { return true; }
+        void SetDescriptor(xEMEditDesc&, int code) override { Tell("descriptor " + std::to_string(code)); }
+        void MarkStale() override
+        {
+            xCard::MarkStale();
+            Tell("stale");
+        }
+        void OrientationAdded(int code) override { Tell("added " + std::to_string(code)); }
+        void OrientationRemoved(int code, int other) override
+        {
+            Tell("removed " + std::to_string(code) + " " + std::to_string(other));
+        }
+        void EnableSelector(bool on) override { Tell(on ? "selector on" : "selector off"); }
+        static xCard* Make(xEMWinDesc&, xDWin& window) { return new StandIn(window); }
+
+    private:
+        void Tell(const std::string& what) { told.push_back(Title() + ": " + what); }
+    };
+
     CardScreen() { QGuiApplication::clipboard()->clear(); }
 
     // The window on a copy of an example, the first of a piece of its text replaced when asked.
@@ -62,6 +87,7 @@ protected:
         window = doc->DescWindow();
         QApplication::setActiveWindow(window);
         ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+        told.clear();
     }
     template <typename Card>
     Card* Select(const char* title)
@@ -108,6 +134,8 @@ protected:
         return xTempDirectory::Read(dir / "card.DSC");
     }
 
+    // What the document told the stand-ins since the window opened.
+    static inline std::vector<std::string> told;
     xTempDirectory dir;
     ClipboardPlatform platform;
     std::string original;

@@ -1,5 +1,5 @@
-#ifndef TOLVAD_TESTS_CARDS_WAVECARDTESTKIT_H
-#define TOLVAD_TESTS_CARDS_WAVECARDTESTKIT_H
+#ifndef TOLVAD_TESTS_CARDS_CARDTESTKIT_H
+#define TOLVAD_TESTS_CARDS_CARDTESTKIT_H
 
 #include "cards/xEMTableCardLogic.h"
 #include "frame/xEMEditDesc.h"
@@ -8,10 +8,9 @@
 #include <algorithm>
 #include <vector>
 
-// What the logic of the waveform and frequency cards meets without a screen:
-// the link above it, which keeps the commands with what they carry, and
-// grids made of their numbers alone.
-namespace WaveCardTestKit {
+// What the cards' logic meets without a screen: the link above it, which
+// keeps the commands with what they carry, and grids made of their numbers alone.
+namespace CardTestKit {
 
 class CommandRecorder : public xCommandTarget {
 public:
@@ -53,6 +52,6 @@ inline FloatMatrix FromRowZero(const FloatMatrix& table)
     return moved;
 }
 
-} // namespace WaveCardTestKit
+} // namespace CardTestKit
 
 #endif

@@ -21,20 +21,12 @@ using Kit = xEditorTestKit;
 using Logic = xEMFreqCardLogic;
 using Texts = std::vector<std::string>;
 
-// Stands in for the Data Format card, whose own rule (a position for every
-// channel) refuses a Save once the count of frequencies changed: these tests
-// are about the frequency card. The suite runs on its own, so that no other
-// test meets the stand-in.
-class FormatStandIn : public xCard {
-public:
-    explicit FormatStandIn(xDWin& window) : xCard(&window, window.CardFrame()) {}
-    bool FirstShown() override { return true; }
-    static xCard* Make(xEMWinDesc&, xDWin& window) { return new FormatStandIn(window); }
-};
-
+// The Data Format card's own rule (a position for every channel) refuses a
+// Save once the count of frequencies changed: a stand-in takes its place.
+// The suite runs on its own, so that no other test meets the stand-in.
 class FreqCard : public CardScreen {
 protected:
-    FreqCard() { xCardCatalog::Register(xEMEditDesc::kFormatCard, &FormatStandIn::Make); }
+    FreqCard() { xCardCatalog::Register(xEMEditDesc::kFormatCard, &StandIn::Make); }
     ~FreqCard() override { xCardCatalog::Register(xEMEditDesc::kFormatCard, nullptr); }
 
     xEMFreqCard* Card() { return Select<xEMFreqCard>("Frequencies"); }

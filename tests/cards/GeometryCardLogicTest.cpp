@@ -3,6 +3,7 @@
 #include "frame/xEMEditDesc.h"
 #include "gui/xRecordingPlatform.h"
 #include "model/xEMGDesc.h"
+#include "tests/cards/CardTestKit.h"
 
 #include <gtest/gtest.h>
 
@@ -14,13 +15,6 @@ namespace {
 using Logic = xEMGCardLogic;
 using Shape = Logic::Shape;
 using Arrow = Logic::Arrow;
-
-// The link above a card: keeps the commands it sends.
-class Recorder : public xCommandTarget {
-public:
-    void DoCommand(long command, void*) override { commands.push_back(command); }
-    std::vector<long> commands;
-};
 
 class GeometryCardLogic : public ::testing::Test {
 protected:
@@ -39,7 +33,7 @@ protected:
 
     xRecordingPlatform platform;
     xEMEditDesc doc;   // new: TzRz with the default geometry
-    Recorder window;
+    CardTestKit::CommandRecorder window;
     Logic logic{doc, &window};
     xEMGDesc& geometry = *doc.geometry;
 };

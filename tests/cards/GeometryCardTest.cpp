@@ -26,18 +26,6 @@ using Shape = Logic::Shape;
 using Arrow = Logic::Arrow;
 using Texts = std::vector<std::string>;
 
-// The orientations the stand-in card was told to show.
-std::vector<int> shownCodes;
-
-// Stands in for a waveform card: it only notes what it is told to show.
-class StandInCard : public xCard {
-public:
-    explicit StandInCard(xDWin& window) : xCard(&window, window.CardFrame()) {}
-    bool FirstShown() override { return true; }
-    void SetDescriptor(xEMEditDesc&, int code) override { shownCodes.push_back(code); }
-    static xCard* Make(xEMWinDesc&, xDWin& window) { return new StandInCard(window); }
-};
-
 // Keeps the areas a widget paints.
 class PaintLog : public QObject {
 public:
@@ -57,8 +45,7 @@ protected:
     {
         // Another suite may have taken the card out of the catalog.
         xCardCatalog::Register(xEMEditDesc::kGeometryCard, &xEMGCard::Make);
-        xCardCatalog::Register(xEMEditDesc::kTxWaveCard, &StandInCard::Make);
-        shownCodes.clear();
+        xCardCatalog::Register(xEMEditDesc::kTxWaveCard, &StandIn::Make);
     }
     ~GeometryCard() override { xCardCatalog::Register(xEMEditDesc::kTxWaveCard, nullptr); }
 
@@ -127,7 +114,8 @@ TEST_F(GeometryCard, IconsStandWhereTheModelPutsThemAndTheSelectorWalksEveryCard
     for (int step = 0; step < 3; ++step)
         QTest::mouseClick(selector->NextButton(), Qt::LeftButton);
     QTest::mouseClick(selector->PreviousButton(), Qt::LeftButton);
-    EXPECT_EQ(shownCodes, (std::vector<int>{108, 109, 107, 109}));
+    EXPECT_EQ(told, (Texts{"Tx Waveform: descriptor 108", "Tx Waveform: descriptor 109", "Tx Waveform: descriptor 107",
+                           "Tx Waveform: descriptor 109"}));
     EXPECT_EQ(selector->RxLabel()->text(), "Rz");
     EXPECT_TRUE(Same(Rx()->Picture(), Shape::kOvalLine, Arrow::kUp));
     EXPECT_FALSE(doc->IsChanged());

@@ -16,34 +16,6 @@ namespace {
 using Texts = std::vector<std::string>;
 using Kit = xEditorTestKit;
 
-// What the document told the stand-in cards.
-Texts told;
-
-// Stands in, in these tests only, for the cards that later come under the
-// other titles: it writes down what the document does to it.
-class StandInCard : public xCard {
-public:
-    explicit StandInCard(xDWin& window) : xCard(&window, window.CardFrame()) {}
-    bool FirstShown() override { return true; }
-    void SetDescriptor(xEMEditDesc&, int code) override { Tell("descriptor " + std::to_string(code)); }
-    void MarkStale() override
-    {
-        xCard::MarkStale();
-        Tell("stale");
-    }
-    void OrientationAdded(int code) override { Tell("added " + std::to_string(code)); }
-    void OrientationRemoved(int code, int other) override
-    {
-        Tell("removed " + std::to_string(code) + " " + std::to_string(other));
-    }
-    void EnableSelector(bool on) override { Tell(on ? "selector on" : "selector off"); }
-
-    static xCard* Make(xEMWinDesc&, xDWin& window) { return new StandInCard(window); }
-
-private:
-    void Tell(const std::string& what) { told.push_back(Title() + ": " + what); }
-};
-
 const char* const kOtherCards[] = {"Tx Waveform", "Rx Waveform", "Frequencies", "System Geometry", "Data Format"};
 
 class SystemCard : public CardScreen {
@@ -58,10 +30,9 @@ protected:
     {
         if (standIns)
             for (const char* title : kOtherCards)
-                xCardCatalog::Register(title, &StandInCard::Make);
+                xCardCatalog::Register(title, &StandIn::Make);
         CardScreen::Open(example);
         card = static_cast<xEMSysCard*>(window->FindCard("System Description"));
-        told.clear();
     }
     Texts Titles() const
     {

@@ -3,11 +3,11 @@
 #include "frame/xEMEditDesc.h"
 #include "gui/xRecordingPlatform.h"
 #include "model/xEMSDesc.h"
-#include "tests/cards/WaveCardTestKit.h"
+#include "tests/cards/CardTestKit.h"
 
 #include <gtest/gtest.h>
 
-using namespace WaveCardTestKit;
+using namespace CardTestKit;
 
 namespace {
 

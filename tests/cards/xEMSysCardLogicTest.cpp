@@ -4,6 +4,7 @@
 #include "frame/xEMEditDesc.h"
 #include "gui/xRecordingPlatform.h"
 #include "model/xEMSHeader.h"
+#include "tests/cards/CardTestKit.h"
 
 #include <gtest/gtest.h>
 
@@ -13,18 +14,11 @@ namespace {
 
 const std::string kExamples = TOLVAD_EXAMPLES_DIR;
 
-// The link above a card: keeps the commands it sends.
-class Recorder : public xCommandTarget {
-public:
-    void DoCommand(long command, void*) override { commands.push_back(command); }
-    std::vector<long> commands;
-};
-
 class SystemCardLogic : public ::testing::Test {
 protected:
     xRecordingPlatform platform;
     xEMEditDesc doc;
-    Recorder window;
+    CardTestKit::CommandRecorder window;
     xEMSysCardLogic logic{doc, &window};
     xEMSHeader& header = *doc.header;
 };

@@ -3,7 +3,7 @@
 #include "frame/xEMEditDesc.h"
 #include "gui/xRecordingPlatform.h"
 #include "model/xEMSDesc.h"
-#include "tests/cards/WaveCardTestKit.h"
+#include "tests/cards/CardTestKit.h"
 #include "widgets/x2DGBars.h"
 #include "widgets/x2DGLine.h"
 #include "widgets/x2DGPlot.h"
@@ -13,7 +13,7 @@
 
 #include <algorithm>
 
-using namespace WaveCardTestKit;
+using namespace CardTestKit;
 
 namespace {
 
