@@ -16,7 +16,6 @@ using Texts = std::vector<std::string>;
 using Logic = xEMFCardLogic;
 
 const std::string kExamples = TOLVAD_EXAMPLES_DIR;
-const char* const kToRandom = "Selecting random channels/freq will invalidate previously selected channel/freq positions.";
 
 std::vector<float> Positions(const FloatMatrix& matrix, int code)
 {
@@ -273,7 +272,8 @@ TEST_F(FormatCardLogic, ModeChangeAsksAndDontShowAgainHoldsForEveryCard)
     platform.AnswerNext(2);   // "Cancel"
     EXPECT_FALSE(logic->ChangeMode(1));
     ASSERT_EQ(platform.questions.size(), 1u);
-    EXPECT_EQ(platform.questions[0].text, kToRandom);
+    EXPECT_EQ(platform.questions[0].text,
+              "Selecting random channels/freq will invalidate previously selected channel/freq positions.");
     EXPECT_EQ(platform.questions[0].first + "|" + platform.questions[0].second + "|" + platform.questions[0].third,
               "Proceed|Don't Show Again|Cancel");
     EXPECT_EQ(format.channelPos.Row(109)[10], 36.0f);
