@@ -290,10 +290,7 @@ TEST_F(EditorWindow, CommandLineTellsItsUseAndVersion)
 TEST_F(EditorWindow, TutorialDialogAsksWithItsBox)
 {
     xTutorialDlg tutorial;
-    Texts lines;
-    Kit::OnNextDialog([&lines](QDialog& dialog) {
-        for (QLabel* label : dialog.findChildren<QLabel*>())
-            lines.push_back(label->text().toStdString());
+    Kit::OnNextDialog([](QDialog& dialog) {
         QCheckBox* box = static_cast<xTutorialDlg&>(dialog).Box();
         QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));   // on its square
         dialog.accept();
@@ -301,6 +298,7 @@ TEST_F(EditorWindow, TutorialDialogAsksWithItsBox)
     EXPECT_TRUE(tutorial.Run());
     EXPECT_EQ(tutorial.windowTitle().toStdString(), "Set Tutorial Dialog");
     EXPECT_EQ(tutorial.Box()->text().toStdString(), "Build tutorial project");
-    ASSERT_EQ(lines.size(), 3u);
-    EXPECT_EQ(lines[1], "Run all processes starting from ASCII->BIN. This will");
+    QList<QLabel*> lines = tutorial.findChildren<QLabel*>();
+    ASSERT_EQ(lines.size(), 3);
+    EXPECT_EQ(lines[1]->text().toStdString(), "Run all processes starting from ASCII->BIN. This will");
 }
