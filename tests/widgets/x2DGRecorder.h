@@ -3,7 +3,7 @@
 
 // Test doubles of the graph port: a surface that writes down every drawing
 // call, a command target that keeps what reaches it, a plot that counts its
-// hooks, and a maker of (x, y) tables.
+// invalidations, and a maker of (x, y) tables.
 
 #include "gui/xPlatform.h"
 #include "numeric/FloatMatrix.h"
@@ -52,12 +52,7 @@ class x2DGCountingPlot : public x2DGPlot {
 public:
     using x2DGPlot::x2DGPlot;
     void InvalidateRect(const x2DGRect&) override { ++invalidations; }
-    void SetCrossHairCursor(bool crossHair) override
-    {
-        cursors.push_back(crossHair ? "cross" : "arrow");
-    }
     int invalidations = 0;
-    std::vector<std::string> cursors;
 };
 
 // A table of two columns, x then y, with rows from 1.

@@ -1,6 +1,4 @@
 #include "gui/xRecordingPlatform.h"
-#include "numeric/FloatArray.h"
-#include "numeric/FloatMatrix.h"
 #include "widgets/xClipboardExchange.h"
 
 #include <gtest/gtest.h>
@@ -32,10 +30,9 @@ TEST_F(Clipboard, PasteCutsTheNumbersByTheColumnsOfTheTable)
     Put("1e3\t2.5E-1\r\n7");
     FloatMatrix m(1, 2, 1, 3);
     ASSERT_TRUE(card.PasteTable(m));
-    EXPECT_EQ(m.RowUpper(), 1);
-    EXPECT_EQ(m.Row(1)[1], 1000.0f);
-    EXPECT_EQ(m.Row(1)[2], 0.25f);
-    EXPECT_EQ(m.Row(1)[3], 7.0f);
+    FloatMatrix expected(1, 1, 1, 3);
+    *expected.Element(1, 1) = 1000.0f, *expected.Element(1, 2) = 0.25f, *expected.Element(1, 3) = 7.0f;
+    EXPECT_EQ(m, expected);
 
     // Two columns of text into three columns: taken as it counts.
     Put("1 2\n3 4\n5 6\n");
@@ -118,7 +115,7 @@ TEST_F(Clipboard, CopyWritesBlankAndFullPrecisionRowByRowAndPastesBackEightDigit
     *edges.Element(0, 2) = std::numeric_limits<float>::quiet_NaN();
     ASSERT_TRUE(card.CopyTable(edges));
     EXPECT_EQ(platform.clipboard, " 3.4028235e+38 -3.4028235e+38 0.0000000e+00\n");
-    ASSERT_TRUE(card.PasteTable(edges));
+    ASSERT_TRUE(card.PasteTable(edges));   // and read back
     EXPECT_EQ(edges.Row(0)[1], -3.40282347e38f);
     EXPECT_TRUE(platform.messages.empty()) << platform.Transcript();
 }

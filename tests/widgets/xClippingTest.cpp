@@ -3,29 +3,23 @@
 // The suite runs a second time at twice the scale (QT_SCALE_FACTOR=2).
 
 #include "gui/xRecordingPlatform.h"
-#include "numeric/FloatArray.h"
-#include "numeric/FloatMatrix.h"
 #include "widgets/x2DGPort.h"
 #include "widgets/xEdGrid.h"
-#include "widgets/xEditBox.h"
 #include "widgets/xEditField.h"
 #include "widgets/xFltGrd.h"
 #include "widgets/xGridEdView.h"
-#include "widgets/xMultipleBEditBox.h"
 #include "widgets/xNoteWin.h"
 #include "widgets/xPointFlagEdWin.h"
 #include "widgets/xTableViewWin.h"
 #include "widgets/xVectorEdWin.h"
 #include "xCommandRecorder.h"
+#include "xModalDriver.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <QTest>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -173,12 +167,10 @@ TEST_P(Clipping, EveryControlShowsItsTextWhole)
     EXPECT_TRUE(Fits(port.startLabel));
     EXPECT_TRUE(Fits(port.endLabel));
 
-    QTimer::singleShot(0, [] {
-        QWidget* note = QApplication::activeModalWidget();
-        ASSERT_NE(note, nullptr);
+    OnModal([](QWidget* note) {
         for (QPushButton* button : note->findChildren<QPushButton*>())
             EXPECT_TRUE(Fits(button));
-        note->findChildren<QPushButton*>().front()->click();
+        Click(note, "Stop");
     });
     bool skip = false;
     xNoteWin::ShowNoteWithSkip("Window 7 overlaps window 8.", skip, "Continue with the next window", "Stop", "Help");

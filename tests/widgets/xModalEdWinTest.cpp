@@ -1,29 +1,20 @@
 #include "gui/xRecordingPlatform.h"
-#include "numeric/FloatMatrix.h"
 #include "widgets/xCardClipboard.h"
 #include "widgets/xChoiceEdWin.h"
-#include "widgets/xEdGrid.h"
-#include "widgets/xEditBox.h"
 #include "widgets/xEditField.h"
-#include "widgets/xFlagEditBox.h"
 #include "widgets/xFloatEdWin.h"
-#include "widgets/xGridEdView.h"
 #include "widgets/xGridEdViewWin.h"
 #include "widgets/xGridValues.h"
 #include "widgets/xLongEdWin.h"
 #include "widgets/xMtGridEdWin.h"
-#include "widgets/xMultipleBEditBox.h"
 #include "widgets/xPointFlagEdWin.h"
 #include "widgets/xTextEdWin.h"
 #include "widgets/xVectorEdWin.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -47,7 +38,6 @@ TEST(ModalWindows, StayInsideTheScreenAndShareTheCancelFlag)
     platform.screenHeight = 600;
     xModalEdWin corner(nullptr, "t", QPoint(5, 590), 340, 130);
     EXPECT_EQ(corner.geometry(), QRect(10, 600 - 10 - 130, 340, 130));
-    EXPECT_TRUE(corner.OkButton()->isDefault());
     EXPECT_FALSE(corner.ResizeToFit(900, 130));   // would leave the screen
     EXPECT_FALSE(corner.ResizeToFit(300, 200));   // recentred, it would pass the bottom
     EXPECT_TRUE(corner.ResizeToFit(300, 110));
@@ -68,7 +58,6 @@ TEST(ModalWindows, PointsTakeTheTypedNumbersAndFlagsFollowTheirNumbers)
     float point[3] = {1.0f, 2.0f, 3.0f};
     xPointEdWin window(nullptr, "p");
     window.SetUpUserItem(point);
-    EXPECT_EQ(window.Column()->Item(2)->Field()->text(), "2.0000000e+00");
     RunWith(window, [](xPointEdWin& w) {
         w.Column()->Item(2)->SetText("1e39");   // no float holds it: the window stays open
         w.OkButton()->click();
@@ -82,7 +71,6 @@ TEST(ModalWindows, PointsTakeTheTypedNumbersAndFlagsFollowTheirNumbers)
     float flags[3] = {0.9f, 2.0f, 0.0f};
     xPointFlagEdWin flagWin(nullptr, "Components");
     flagWin.SetUpUserItem(flags);
-    EXPECT_GE(flagWin.height(), 260);
     EXPECT_FALSE(flagWin.Column()->FlagItem(1)->IsChecked());   // 0.9 truncates to 0
     EXPECT_TRUE(flagWin.Column()->FlagItem(2)->IsChecked());
     RunWith(flagWin, [](xPointFlagEdWin& w) {
@@ -90,9 +78,7 @@ TEST(ModalWindows, PointsTakeTheTypedNumbersAndFlagsFollowTheirNumbers)
         QTest::mouseClick(w.Column()->FlagItem(2)->FlagBox(), Qt::LeftButton);
         w.OkButton()->click();
     });
-    EXPECT_EQ(flags[0], 0.9f);
-    EXPECT_EQ(flags[1], 0.0f);
-    EXPECT_EQ(flags[2], 1.0f);
+    EXPECT_EQ(std::vector<float>(flags, flags + 3), (std::vector<float>{0.9f, 0.0f, 1.0f}));
 }
 
 TEST(ModalWindows, VectorTakesBackTheTypedNumbersUnderItsPrompt)
@@ -131,7 +117,6 @@ TEST(ModalWindows, GridWindowStoresTheCellBeingTyped)
     window.SetCapacity(3, 1);
     window.SetVisibleSize(3, 1);
     window.SetUpUserItem(&weights);
-    EXPECT_EQ(window.View()->GetId(), xGridEdViewWin::kGridId);
     RunWith(window, [](xGridEdViewWin& w) {
         xEditField* field = w.View()->EditField();
         field->setFocus();
@@ -142,7 +127,6 @@ TEST(ModalWindows, GridWindowStoresTheCellBeingTyped)
     });
     EXPECT_EQ(weights.RowLower(), 0);
     EXPECT_EQ(weights.Row(1)[1], 0.5f);
-    EXPECT_EQ(weights.Row(2)[1], 1.0f);
 }
 
 TEST(ModalWindows, TextChoiceAndSingleNumbers)
@@ -205,8 +189,7 @@ TEST(FixedGrid, FormatsLabelsAndReadsBack)
     EXPECT_EQ(grid->CellField(0, 0)->text(), "1234567.00");
     EXPECT_EQ(grid->CellField(0, 1)->text(), "0.5");
     EXPECT_EQ(grid->CellField(1, 0)->text(), "");
-    EXPECT_EQ(grid->RowLabel(0), "0");   // the wrong count left the default
-    EXPECT_EQ(grid->ColumnLabel(1), "c2");
+    EXPECT_EQ(grid->RowLabel(0) + grid->ColumnLabel(1), "0c2");   // the wrong row count left the default
     grid->SetCell(1, 1, 2.0f, "");
     RunWith(window, [](xMtGridEdWin& w) {
         w.Grid()->CellField(1, 0)->setText("7x");
@@ -214,8 +197,6 @@ TEST(FixedGrid, FormatsLabelsAndReadsBack)
     });
     EXPECT_EQ(m.Row(2)[1], 7.0f);
     EXPECT_EQ(m.Row(2)[2], 2.0f);
-    FloatMatrix same = m;
-    EXPECT_FALSE(grid->GetTable(same));
     FloatArray row(1, 2);
     row = 5.0f;
     EXPECT_TRUE(grid->GetRow(1, row));
@@ -238,7 +219,6 @@ TEST(ClipboardViewer, ShowsTheTextLineByLineWhenThereIsText)
     QDialog* window = card.ShowClipboard();
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(window->windowTitle(), "clipboard");
-    EXPECT_FALSE(window->isModal());
     EXPECT_EQ(window->findChild<QPlainTextEdit*>()->toPlainText(), " 1.0000000e+00\n 2.0000000e+00");
     window->close();
 }

@@ -1,6 +1,5 @@
 #include "gui/xRecordingPlatform.h"
 #include "widgets/xEditField.h"
-#include "widgets/xFlagEditBox.h"
 #include "widgets/xMultipleBEditBox.h"
 #include "xCommandRecorder.h"
 
@@ -102,10 +101,9 @@ TEST_F(MultipleEditBox, HidingClosesTheColumnDisablingLastsAndMissingItemsAreWar
     xMultipleBEditBox box(&card, frame, Floats({1, 2, 3, 4}), {"a", "b", "c", "d"}, LongArray(), 90, 2);
     box.show();
     box.HideItem(4);   // the last: nothing moves
-    EXPECT_FALSE(box.Item(4)->isVisible());
     EXPECT_EQ(box.Item(3)->y(), 50);
     box.HideItem(2);
-    EXPECT_FALSE(box.Item(2)->isVisible());
+    EXPECT_FALSE(box.Item(2)->isVisible() || box.Item(4)->isVisible());
     EXPECT_EQ(box.Item(3)->y(), 25);
     EXPECT_EQ(box.Item(4)->y(), 50);
     box.HideItem(0);
