@@ -8,14 +8,18 @@
 #include "gui/xRecordingPlatform.h"
 #include "tests/xEditorTestKit.h"
 #include "tests/xTempDirectory.h"
+#include "widgets/xEditBox.h"
 #include "widgets/xEditField.h"
 #include "widgets/xFltGrd.h"
 #include "widgets/xGridEdView.h"
+#include "widgets/xMultipleBEditBox.h"
+#include "widgets/xVectorEdWin.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QLabel>
+#include <QPushButton>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -109,6 +113,25 @@ protected:
         QTest::keyClick(field, Qt::Key_Backspace);
         QTest::keyClicks(field, QString::fromStdString(text));
         QTest::keyClick(field, Qt::Key_Return);
+    }
+    // Answers the next dialog of numbers in a column: writes down its title and
+    // labels, types the values given into its fields and presses OK, or
+    // cancels when none are given.
+    static void AnswerNumbers(std::vector<std::string>& seen, std::vector<std::string> values = {})
+    {
+        xEditorTestKit::OnNextDialog([&seen, values](QDialog& dialog) {
+            auto& column = *static_cast<xVectorEdWin&>(dialog).Column();
+            seen.push_back(dialog.windowTitle().toStdString());
+            for (int i = 1; i <= column.Count(); ++i) {
+                seen.push_back(column.Item(i)->Label()->text().toStdString());
+                if (i <= static_cast<int>(values.size()))
+                    xEditorTestKit::TypeInto(*column.Item(i), values[i - 1]);
+            }
+            if (values.empty())
+                dialog.reject();
+            else
+                QTest::mouseClick(static_cast<xVectorEdWin&>(dialog).OkButton(), Qt::LeftButton);
+        });
     }
     static void Copy(const std::string& text) { QGuiApplication::clipboard()->setText(QString::fromStdString(text)); }
     static std::string Clipboard() { return QGuiApplication::clipboard()->text().toStdString(); }

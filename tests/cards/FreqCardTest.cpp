@@ -6,12 +6,8 @@
 #include "frame/xListButton.h"
 #include "model/xEMSDesc.h"
 #include "tests/cards/CardScreen.h"
-#include "widgets/xEditBox.h"
-#include "widgets/xMultipleBEditBox.h"
-#include "widgets/xVectorEdWin.h"
 
 #include <QDialog>
-#include <QPushButton>
 
 #include <sstream>
 
@@ -54,13 +50,7 @@ TEST_F(FreqCard, EachOrientationsFrequenciesShowWholeAndTheScaleDialogShowsTheRe
     EXPECT_EQ(Grid().Grid()->CellText(2, 0), "5.60e+04");
 
     Texts seen;
-    Kit::OnNextDialog([&seen](QDialog& dialog) {
-        seen.push_back(dialog.windowTitle().toStdString());
-        auto& vector = static_cast<xVectorEdWin&>(dialog);
-        for (int i = 1; i <= vector.Column()->Count(); ++i)
-            seen.push_back(vector.Column()->Item(i)->Label()->text().toStdString());
-        dialog.reject();
-    });
+    AnswerNumbers(seen);
     QTest::mouseClick(card->Button(5015), Qt::LeftButton);
     EXPECT_EQ(seen, (Texts{"Amplitude scaling", "real amplitude", "nominal amplitude "}));
     EXPECT_FALSE(doc->IsChanged());
@@ -78,12 +68,8 @@ TEST_F(FreqCard, PastedTypedAndScaledValuesReachTheSavedFile)
     TypeCell(Grid(), 5, 0, "600");
     QTest::keyClick(Grid().EditField(), Qt::Key_Backspace);   // nothing for the row below
     EXPECT_EQ(doc->system->weights.Size(), 6);
-    Kit::OnNextDialog([](QDialog& dialog) {
-        auto& vector = static_cast<xVectorEdWin&>(dialog);
-        Kit::TypeInto(*vector.Column()->Item(1), "2");
-        Kit::TypeInto(*vector.Column()->Item(2), "3");
-        QTest::mouseClick(vector.OkButton(), Qt::LeftButton);
-    });
+    Texts seen;
+    AnswerNumbers(seen, {"2", "3"});
     QTest::mouseClick(Card()->Button(5015), Qt::LeftButton);
 
     // The same steps on the model alone.

@@ -4,12 +4,8 @@
 #include "model/xEMSHeader.h"
 #include "tests/cards/CardScreen.h"
 #include "tests/model/xStreamText.h"
-#include "widgets/xEditBox.h"
-#include "widgets/xMultipleBEditBox.h"
-#include "widgets/xVectorEdWin.h"
 
 #include <QCheckBox>
-#include <QPushButton>
 
 namespace {
 
@@ -181,23 +177,15 @@ TEST_F(SystemCard, TimeScalingTakesBothHalfPeriodsUnlessCancelled)
 {
     Open("survey-time-domain.DSC", false);
     Kit::ChooseIn(*card->List(5009), "sec");
-    Texts labels;
-    Kit::OnNextDialog([&labels](QDialog& dialog) {
-        auto& vector = static_cast<xVectorEdWin&>(dialog);
-        EXPECT_EQ(dialog.windowTitle().toStdString(), "Time scaling");
-        for (int i = 1; i <= vector.Column()->Count(); ++i) {
-            labels.push_back(vector.Column()->Item(i)->Label()->text().toStdString());
-            Kit::TypeInto(*vector.Column()->Item(i), i == 1 ? "0.5" : "30");
-        }
-        QTest::mouseClick(vector.OkButton(), Qt::LeftButton);
-    });
+    Texts seen;
+    AnswerNumbers(seen, {"0.5", "30"});
     card->DoCommand(xEMSysCardLogic::kTimeScaling, nullptr);
-    EXPECT_EQ(labels, (Texts{"real time [sec]  ", "nominal time "}));
+    EXPECT_EQ(seen, (Texts{"Time scaling", "real time [sec]  ", "nominal time "}));
     EXPECT_EQ(doc->header->realHalfPeriod, 0.5f);
     EXPECT_EQ(doc->header->nominalHalfPeriod, 30.0f);
     EXPECT_EQ(doc->header->halfPeriod, 5.0f);   // only the card's box keeps the copy equal
 
-    Kit::OnNextDialog([](QDialog& dialog) { dialog.reject(); });
+    AnswerNumbers(seen);
     card->DoCommand(xEMSysCardLogic::kTimeScaling, nullptr);
     EXPECT_EQ(doc->header->realHalfPeriod, 0.5f);
 }

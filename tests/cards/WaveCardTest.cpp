@@ -8,17 +8,13 @@
 #include "widgets/x2DGBars.h"
 #include "widgets/x2DGLine.h"
 #include "widgets/x2DGPort.h"
-#include "widgets/xEditBox.h"
 #include "widgets/xGridEdViewWin.h"
-#include "widgets/xMultipleBEditBox.h"
-#include "widgets/xVectorEdWin.h"
 
 #include <QCheckBox>
 #include <QDialog>
 #include <QImage>
 #include <QMenu>
 #include <QPlainTextEdit>
-#include <QPushButton>
 
 namespace {
 
@@ -191,17 +187,12 @@ TEST_F(WaveCard, DialogsEditTheScaleAndTheWeightsUnlessCancelled)
 {
     Open("survey-time-domain.DSC");
     xEMWaveCard* tx = Tx();
-    Texts labels;
-    Kit::OnNextDialog([&labels](QDialog& dialog) {
-        auto& vector = static_cast<xVectorEdWin&>(dialog);
-        for (int i = 1; i <= vector.Column()->Count(); ++i) {
-            labels.push_back(vector.Column()->Item(i)->Label()->text().toStdString());
-            Kit::TypeInto(*vector.Column()->Item(i), i == 1 ? "250" : "2");
-        }
-        QTest::mouseClick(vector.OkButton(), Qt::LeftButton);
-    });
+    Texts seen;
+    AnswerNumbers(seen, {"250", "2"});
     QTest::mouseClick(tx->Button(5015), Qt::LeftButton);
-    EXPECT_EQ(labels, (Texts{"equivalent secondary amplitude", "nominal (primary) amplitude "}));
+    // Both cards' scale dialog has the receiver's title.
+    EXPECT_EQ(seen, (Texts{"Rx Waveform Amplitude Scaling", "equivalent secondary amplitude",
+                           "nominal (primary) amplitude "}));
 
     int rows = 0;
     Kit::OnNextDialog([&rows](QDialog& dialog) {

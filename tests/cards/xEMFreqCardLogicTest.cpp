@@ -56,18 +56,8 @@ TEST_F(FreqCardLogic, ApplyStoresOneFrequencyAndAWrongWeightsCountIsAChange)
     EXPECT_TRUE(doc.IsChanged());
 }
 
-TEST_F(FreqCardLogic, TheScaleTakesTheRealAmplitudeAndEveryPasteFitsOneColumn)
+TEST_F(FreqCardLogic, EveryPasteFitsOneColumn)
 {
-    doc.system->realAmplitude = 2.0f;
-    doc.system->nominalAmplitude = 3.0f;
-    FloatArray scale = logic.AmplitudeScale();
-    EXPECT_EQ(scale[1] * 10 + scale[2], 23.0f);   // the real amplitude first
-    scale[1] = 4.0f;
-    logic.TakeAmplitudeScale(scale);
-    EXPECT_EQ(doc.system->realAmplitude, 4.0f);
-    EXPECT_EQ(doc.system->nominalAmplitude, 3.0f);
-    EXPECT_TRUE(doc.IsChanged());
-
     TestGrid grid(4500, 1);
     logic.SetGrid(6000, &grid);
     grid.SetTable(doc.system->frequencies, false);
