@@ -147,7 +147,8 @@ TEST_F(FormatCard, CountsAreCheckedBeforeTheParseAndReturnOffersItAgain)
     Kit::TypeInto(*card->Box(Logic::kCommentLines), "2");
     Kit::TypeInto(*card->Box(Logic::kItemCount), "7");
     Click(card->SampleButton());
-    EXPECT_EQ(card->Grid(), nullptr);   // too few items
+    EXPECT_EQ(card->Grid(), nullptr);   // too few items: the error, and no parse
+    EXPECT_EQ(platform.Texts(xPlatform::kError).size(), 1u);
     // Eight items fill the width with no scrolling.
     Kit::TypeInto(*card->Box(Logic::kItemCount), "8");
     Click(card->SampleButton());
