@@ -1,4 +1,6 @@
 #include "gui/xRecordingPlatform.h"
+#include "numeric/FloatArray.h"
+#include "numeric/FloatMatrix.h"
 #include "widgets/xClipboardExchange.h"
 
 #include <gtest/gtest.h>

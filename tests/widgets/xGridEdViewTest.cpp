@@ -1,5 +1,6 @@
 #include "gui/xRecordingPlatform.h"
 #include "widgets/x2DGLine.h"
+#include "widgets/x2DGPlot.h"
 #include "widgets/xEditField.h"
 #include "widgets/xFltGrd.h"
 #include "widgets/xGridEdView.h"
@@ -145,31 +146,13 @@ TEST_F(Grids, EditInTheFieldAndStoreOnLeavingTheCell)
     EXPECT_EQ(Background(2, 0), kGrey);
 }
 
-TEST_F(Grids, ControlKeysOnlyShowTheirNotesAndTheEditResumesWhereItLeft)
+TEST_F(Grids, KeysScrollAtTheEdgesBeepAtTheTableEndAndTheEditResumesWhereItLeft)
 {
-    Build(5, 10, 3);
-    Key(Qt::Key_X, Qt::ControlModifier);
+    Build(3, 5, 5);
+    Key(Qt::Key_X, Qt::ControlModifier);   // control keys only show their notes
     Key(Qt::Key_I, Qt::ControlModifier);
     EXPECT_EQ(platform.Texts(xPlatform::kNote),
               (std::vector<std::string>{"Row deletion not implemented yet.", "Row insertion not implemented yet."}));
-    Key(Qt::Key_Down);
-    Key(Qt::Key_Tab);
-
-    // The focus goes away (a message box, another control) and comes back.
-    QLineEdit elsewhere(&card);
-    elsewhere.show();
-    elsewhere.setFocus();
-    QApplication::processEvents();
-    EXPECT_EQ(At(), "");
-    view->EditField()->setFocus();
-    QApplication::processEvents();
-    EXPECT_EQ(At(), "2,2");
-    EXPECT_EQ(Field(), "2.0000000e+01");
-}
-
-TEST_F(Grids, KeysScrollAtTheEdgesAndBeepAtTheTableEnd)
-{
-    Build(3, 5, 5);
     Key(Qt::Key_Down);
     Key(Qt::Key_Down);
     EXPECT_EQ(Count(3333), 0);
@@ -184,10 +167,20 @@ TEST_F(Grids, KeysScrollAtTheEdgesAndBeepAtTheTableEnd)
     EXPECT_EQ(platform.beeps, 0);
     Key(Qt::Key_Return);
     EXPECT_EQ(platform.beeps, 1);
-    EXPECT_EQ(At(), "5,2");
     FloatMatrix back(1, 1, 1, 2);   // untouched by the visits
     view->GetTable(back);
     EXPECT_EQ(back, Column2(5));
+
+    // The focus goes away (a message box, another control) and comes back.
+    QLineEdit elsewhere(&card);
+    elsewhere.show();
+    elsewhere.setFocus();
+    QApplication::processEvents();
+    EXPECT_EQ(At(), "");
+    view->EditField()->setFocus();
+    QApplication::processEvents();
+    EXPECT_EQ(At(), "5,2");
+    EXPECT_EQ(Field(), "5.0000000e+01");
 }
 
 TEST_F(Grids, BarsWheelClicksAndPageKeysMoveAsInATableView)
